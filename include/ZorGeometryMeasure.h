@@ -1,0 +1,225 @@
+#pragma once
+
+#include "ZorStatus.h"
+#include "zorgeometrymeasure_export.h"
+#include <ZorData.h>
+
+/// The measuring operations. Coordinates are pixels, y grows downwards; angles are degrees unless
+/// said otherwise. Unless an operation says otherwise:
+///  - it returns GM_OK or the code of the first check that fails, in the order of its @retval list;
+///  - outputs may be null, and are written only on GM_OK;
+///  - "traced" means a "start" record and, on success, an "<operation> end" record.
+/// Every call stands alone: an object may be made for one call or kept for many.
+class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
+ public:
+  ZorGeometryMeasure() noexcept = default;
+  ZorGeometryMeasure(const ZorGeometryMeasure&) = default;
+  ZorGeometryMeasure& operator=(const ZorGeometryMeasure&) = default;
+  ~ZorGeometryMeasure() = default;
+
+  // ==== Points and lines ========================================================================
+  // Lines are given by two points on them, segments by their ends. Degenerate: the two points lie
+  // within 0.0005 of each other, inclusive.
+
+  /// Euclidean distance of a and b. Traced.
+  long PointToPointDistance(ZorPoint& a, ZorPoint& b, double* distance);
+
+  /// The midpoint of a and b. Not traced.
+  ZorPoint MidPoint(ZorPoint& a, ZorPoint& b);
+  /// The midpoint of a and b. Traced.
+  long MidPoint(ZorPoint a, ZorPoint b, ZorPoint* mid);
+
+  /// Intersection of line p1p2 with line p3p4. Traced. The test for parallel lines is not
+  /// normalised: two very short segments can count as parallel at any angle.
+  /// @retval GM_E_DEGENERATE_LINE  either line is degenerate
+  /// @retval GM_E_PARALLEL  |cross product of the directions, rounded to float| < 1e-5
+  /// @retval GM_E_PARAM_1  zero denominator
+  long LinesIntersection(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4, ZorPoint* out);
+
+  /// Foot of the perpendicular from p on line ab. Traced, around a nested "LinesIntersection". A
+  /// line shorter than about 0.003 counts as parallel to its own perpendicular: the status is then
+  /// GM_OK and `foot` keeps what it held.
+  /// @retval GM_E_DEGENERATE_LINE  ab is degenerate
+  /// @retval GM_E_PROJECTION_FAILED  an exception while projecting
+  long PerpendicularProjection(ZorPoint p, ZorPoint a, ZorPoint b, ZorPoint* foot);
+
+  /// Second point p + b - a of the line through p parallel to ab. Traced, around a nested
+  /// "PointTolineDistance".
+  /// @retval GM_E_DEGENERATE_LINE  ab is degenerate
+  /// @retval GM_E_COLLINEAR  p lies within 1e-5 (inclusive) of line ab
+  long ParallerLine(ZorPoint& p, ZorPoint& a, ZorPoint& b, ZorPoint* out);
+
+  /// Midpoint and slope of the perpendicular bisector of ab; the slope is infinite or not a number
+  /// when a.y equals b.y. Always GM_OK. Not traced.
+  long MidVertLine(ZorPoint& a, ZorPoint& b, ZorPoint* mid, double* slope);
+
+  /// p turned about centre by `angle` degrees, counter-clockwise on the screen, with the ten-digit
+  /// pi. The facade's RotateProjection turns the other way, with full pi. Not traced.
+  ZorPoint TransformPoint(ZorPoint& p, ZorPoint& centre, double angle);
+
+  /// Radians to degrees, with pi = 3.141592653. Always GM_OK. Not traced.
+  long Deg(double radians, double* degrees);
+  /// Degrees to radians, with pi = 3.141592653. Always GM_OK. Not traced.
+  long Rad(double degrees, double* radians);
+
+  /// Turns coordinates of -0.0 into +0.0. Not traced.
+  void FormatResult(ZorPoint& p);
+
+  /// Removes every point within 1e-5 (inclusive) of its predecessor in the given list, then the
+  /// last one left when it lies that close to the first: two coincident points leave an empty list,
+  /// a single point stays. Not traced.
+  void FormatPointArray(ZorPointArray& points);
+
+  /// Removes every point within 1.0 (inclusive) of any earlier point of the given list, also of one
+  /// that is removed itself. Not traced.
+  void FormatPointArray2(ZorPointArray& points);
+
+  /// Inert: returns GM_OK. Not traced.
+  long PointPosition(ZorPointArray& first, ZorPointArray& second, int mode, ZorPointArray* out);
+
+  /// Appends in[start], in[start + 1], ..., in[start - 1] to `out`. A start outside 0 .. n is taken
+  /// cyclically. Always GM_OK. Not traced.
+  long AdjustPointArray(ZorPointArray& in, int start, ZorPointArray* out);
+
+  /// Turns the triangle (its first three points) rigidly so that its first edge starts at the
+  /// segment's first point in the segment's direction, and appends the third vertex, then its
+  /// mirror image in the segment's line. The counts are not checked; `mode` is not used. Always
+  /// GM_OK. Not traced itself (a nested "PerpendicularProjection" is).
+  long TrianglePosition(ZorPointArray& triangle, ZorPointArray& segment, int mode,
+                        ZorPointArray* out);
+
+  /// Moves an ROI by an offset: circle, polygon and ellipse into `out`. A rotated rectangle is
+  /// moved in place, in `in`, and `out` stays as it is; other shapes do nothing. Not traced.
+  void TransverseROI(ZorROI& in, ZorPoint& offset, ZorROI* out);
+
+  // ==== Bisectors ===============================================================================
+
+  /// The point where line p1p3 meets the line through `vertex` at the screen angle H - A/2, with A
+  /// the angle from ray vertex-p1 to ray vertex-p3 and H the direction p1 -> vertex. That line is
+  /// the bisector's mirror image in ray vertex-p1; hosts rely on it. For the bisector as seen use
+  /// BissectingLine2 or the facade's BissectingLine. Not traced itself; AngleFrom3Point,
+  /// AngleFromHorizontal and LinesIntersection, which it calls, are.
+  /// @retval GM_E_DEGENERATE_LINE  two of the three points lie within 0.0005 (inclusive)
+  /// @retval GM_E_COLLINEAR  H - A/2 is exactly 0 or 180
+  /// @retval (LinesIntersection's codes)  that line does not meet p1p3
+  /// @retval GM_E_COLLINEAR  the point found lies within 1e-5 (inclusive) of the vertex
+  long BissectingLine(ZorPoint p1, ZorPoint vertex, ZorPoint p3, ZorPoint* out);
+
+  /// BissectingLine2 without a record of its own.
+  long BissectingLine(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4, ZorPoint* out1,
+                      ZorPoint* out2);
+
+  /// The bisector of the smaller angle between the directions p1 -> p2 and p3 -> p4, as a segment
+  /// out1 -> out2 in the bisecting direction. It runs through the crossing of the two lines and is
+  /// clipped by the segments p1p3, p2p4, p1p4 and p2p3: out1 is the first and out2 the last point
+  /// where it meets one of them. Two edges seen side by side thus give the middle line between
+  /// them, from end to end, and two arms from a common vertex the piece from the vertex to the
+  /// segment between their tips. When it meets them in fewer than two points more than 1e-5 apart,
+  /// out1 is the crossing and out2 lies (|p1p2| + |p3p4|) / 2 further on. Reverse one of the lines
+  /// for the other bisector. Traced, around nested records of AngleFromHorizontal and
+  /// LinesIntersection.
+  /// @retval GM_E_DEGENERATE_LINE  either line is degenerate
+  /// @retval GM_E_PARALLEL  the lines are parallel as for LinesIntersection
+  /// @retval GM_E_PARAM_1  zero denominator in their intersection
+  long BissectingLine2(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4, ZorPoint* out1,
+                       ZorPoint* out2);
+
+  /// Unit vector halving the smaller angle between the vectors u and v. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  u or v is at most 0.0005 long
+  /// @retval GM_E_COLLINEAR  u and v are opposite: their unit vectors add up to at most 1e-5
+  long BissectingVector(ZorPoint u, ZorPoint v, ZorPoint* bisector);
+
+  /// Mid-line of the triangle p1 p2 p3 parallel to p2p3: out1 the midpoint of p1 and p2, out2 that
+  /// of p1 and p3. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  two of the three points lie within 0.0005 (inclusive)
+  /// @retval GM_E_PARALLEL  p2 - p1 and p3 - p1 are parallel as for LinesIntersection
+  long MidLine(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint* out1, ZorPoint* out2);
+
+  // ==== Angles ==================================================================================
+  // As seen on the screen: an angle grows when a direction turns from +x towards -y (upwards).
+  // Conversions use pi = 3.141592653, so results differ from exact values by about 2e-8 degrees.
+
+  /// Direction of p1 -> p2 from +x, in [0, 360): right 0, up 90, left 180, down 270. Leaves "start"
+  /// and, unlike other traced operations, no end record in the four ordinary quadrants; with a
+  /// coordinate that is not a number it leaves the end record, GM_OK, and the angle unwritten.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  long AngleFromHorizontal(ZorPoint p1, ZorPoint p2, double* angle);
+
+  /// Direction of p1 -> p2 from +y, in [0, 360): down 0, right 90, up 180, left 270. Not traced.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  long AngleFromVertical(ZorPoint p1, ZorPoint p2, double* angle);
+
+  /// Angle in [0, 360) through which ray vertex-p1 turns, counter-clockwise on the screen, onto ray
+  /// vertex-p3. Traced, around two nested AngleFromHorizontal.
+  /// @retval GM_E_DEGENERATE_LINE  p1 or p3 lies within 0.0005 of the vertex
+  /// @retval GM_E_ANGLE_FAILED  an exception while computing
+  long AngleFrom3Point(ZorPoint p1, ZorPoint vertex, ZorPoint p3, double* angle);
+
+  /// Angle in [0, 360) from direction p1 -> p2 to direction p3 -> p4. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 or p3p4 is degenerate
+  /// @retval GM_E_ANGLE_FAILED  an exception while computing
+  long AngleFrom4Point(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4, double* angle);
+
+  /// Angle between the lines p1p2 and p3p4, folded to [0, 180] (mode 0) or [0, 90] (mode 1).
+  /// Traced, around a nested "AngleFrom4Point".
+  /// @retval GM_E_DEGENERATE_LINE  either line is degenerate
+  /// @retval GM_E_PARAM_5  mode is not 0 or 1
+  long IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, int mode,
+                     double* angle);
+
+  // ==== Arcs ====================================================================================
+
+  /// Replaces `out` by `count` samples of an elliptical arc: semi-axes a and b, phi the angle of
+  /// the first axis, `start` the angle of the first sample and `extent` the angle covered, in
+  /// degrees, counter-clockwise on the screen. Samples are evenly spaced in the polar angle about
+  /// the centre. An extent of exactly 360 does not repeat the first point, a smaller one includes
+  /// both ends. Traced.
+  /// @retval GM_E_PARAM_2  a <= 0
+  /// @retval GM_E_PARAM_3  b <= 0
+  /// @retval GM_E_PARAM_4  phi outside [0, 360]
+  /// @retval GM_E_PARAM_5  start outside [0, 360]
+  /// @retval GM_E_PARAM_6  extent <= 0 or > 360
+  /// @retval GM_E_PARAM_7  count < 3
+  long SampleArc(ZorPoint& centre, float a, float b, float phi, float start, float extent,
+                 int count, ZorPointArray* out);
+
+  // ==== Line fits ===============================================================================
+
+  // ==== Circle and ellipse fits =================================================================
+
+  // ==== Curve fits and splines ==================================================================
+
+  // ==== Distances of points, lines and segments =================================================
+
+  /// Unsigned distance of a point from the line through lineStart and lineEnd. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  the line is degenerate
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long PointTolineDistance(ZorPoint point, ZorPoint lineStart, ZorPoint lineEnd, double* distance);
+
+  // ==== Distances of contours and point sets ====================================================
+
+  // ==== Distances of circles, ellipses and rectangles ===========================================
+
+  // ==== Intersections of lines and segments =====================================================
+
+  // ==== Intersections of shapes =================================================================
+
+  // ==== Position relations ======================================================================
+
+  // ==== Selection by region =====================================================================
+
+  // ==== Area, centroid, moments =================================================================
+
+  // ==== Form measures ===========================================================================
+
+  // ==== Enclosing figures =======================================================================
+
+  // ==== Contour offsetting ======================================================================
+
+  // ==== Convex points, curvature, search lines ==================================================
+
+  // ==== Images ==================================================================================
+
+ private:
+  ZorPointArray scratch_;  // kept for the object's layout; no operation reads what a call left here
+};

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "ZorStatus.h"
+#include "zorgeometrymeasure_export.h"
+#include <ZorData.h>
+
+namespace ZORMV {
+
+/// The public facade: one method a measurement. A method without a comment forwards to the method
+/// of ZorGeometryMeasure of the same name, where its meaning and codes are described, and returns
+/// its status unchanged; it neither checks nor traces itself. Outputs may be null unless the
+/// measuring method says otherwise. The class has no state: one object may serve many threads.
+class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
+ public:
+  ZorGeometryMeasureDlg() noexcept = default;
+  ZorGeometryMeasureDlg(const ZorGeometryMeasureDlg&) noexcept = default;
+  ZorGeometryMeasureDlg& operator=(const ZorGeometryMeasureDlg&) noexcept = default;
+  ~ZorGeometryMeasureDlg() = default;
+
+  // ==== Points and lines ========================================================================
+
+  long PointToPointDistance(ZorPoint& a, ZorPoint& b, double* distance);
+  long MidPoint(ZorPoint& a, ZorPoint& b, ZorPoint* mid);
+  long LinesIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, ZorPoint* out);
+  long PerpendicularProjection(ZorPoint& p, ZorPoint& a, ZorPoint& b, ZorPoint* foot);
+  long ParallerLine(ZorPoint& p, ZorPoint& a, ZorPoint& b, ZorPoint* out);
+
+  /// Second point of the perpendicular to ab through p: p plus ab turned by a quarter turn. Traced
+  /// as "Perpendicular".
+  /// @retval GM_E_DEGENERATE_LINE  a and b are exactly equal
+  long Perpendicular(ZorPoint& a, ZorPoint& b, ZorPoint& p, ZorPoint* out);
+
+  /// p turned about centre by `angle` degrees from +x towards +y (clockwise on the screen), with
+  /// full pi; ZorGeometryMeasure::TransformPoint turns the other way. Always GM_OK. Traced as
+  /// "RotateProjection".
+  long RotateProjection(ZorPoint& p, ZorPoint& centre, double& angle, ZorPoint* out);
+
+  // ==== Bisectors ===============================================================================
+
+  /// The point where the bisector of the angle p1 - vertex - p3, as seen, meets segment p1p3.
+  /// Traced as "BissectingLine", around a nested "BissectingLine2", whose codes it passes on.
+  long BissectingLine(ZorPoint& p1, ZorPoint& vertex, ZorPoint& p3, ZorPoint* out);
+  /// Forwards to BissectingLine2.
+  long BissectingLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, ZorPoint* out1,
+                      ZorPoint* out2);
+  long BissectingVector(ZorPoint& u, ZorPoint& v, ZorPoint* bisector);
+  long MidLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint* out1, ZorPoint* out2);
+
+  // ==== Angles ==================================================================================
+
+  /// Forwards to AngleFromHorizontal.
+  long VectorAngle(ZorPoint& p1, ZorPoint& p2, double* angle);
+  /// Forwards to AngleFrom3Point.
+  long AngleFrom3Points(ZorPoint& p1, ZorPoint& vertex, ZorPoint& p3, double* angle);
+  /// Forwards to AngleFrom4Point.
+  long AngleFrom4Points(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, double* angle);
+  long IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, int mode,
+                     double* angle);
+
+  // ==== Arcs ====================================================================================
+
+  /// Forwards to SampleArc.
+  long OvalArcSample(ZorPoint& centre, float a, float b, float phi, float start, float extent,
+                     int count, ZorPointArray* out);
+
+  /// Replaces `out` by `count` samples of a circular arc, as SampleArc with both semi-axes equal to
+  /// the radius. Traced as "CircleArcSample", around a nested "SampleArc".
+  /// @retval GM_E_PARAM_2  radius <= 0
+  /// @retval GM_E_PARAM_3  start outside [0, 360]
+  /// @retval GM_E_PARAM_4  extent <= 0 or > 360
+  /// @retval GM_E_PARAM_5  count < 3
+  long CircleArcSample(ZorPoint& centre, float radius, float start, float extent, int count,
+                       ZorPointArray* out);
+
+  // ==== Line fits ===============================================================================
+
+  // ==== Circle and ellipse fits =================================================================
+
+  // ==== Curve fits and splines ==================================================================
+
+  // ==== Distances of points, lines and segments =================================================
+
+  /// Forwards to PointTolineDistance.
+  long PointToLineDistance(ZorPoint& point, ZorPoint& lineStart, ZorPoint& lineEnd,
+                           double* distance);
+
+  // ==== Distances of contours and point sets ====================================================
+
+  // ==== Distances of circles, ellipses and rectangles ===========================================
+
+  // ==== Intersections of lines and segments =====================================================
+
+  // ==== Intersections of shapes =================================================================
+
+  // ==== Position relations ======================================================================
+
+  // ==== Selection by region =====================================================================
+
+  // ==== Area, centroid, moments =================================================================
+
+  // ==== Form measures ===========================================================================
+
+  // ==== Enclosing figures =======================================================================
+
+  // ==== Contours and defects ====================================================================
+
+  // ==== Images ==================================================================================
+};
+
+}  // namespace ZORMV

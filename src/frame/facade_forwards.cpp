@@ -1,0 +1,89 @@
+#include "ZorGeometryMeasure.h"
+#include "ZorGeometryMeasureDlg.h"
+
+// The methods of the facade that only forward: no check and no trace of their own.
+
+namespace ZORMV {
+
+// ==== Points and lines
+// ============================================================================
+
+long ZorGeometryMeasureDlg::PointToPointDistance(ZorPoint& a, ZorPoint& b, double* distance) {
+  return ZorGeometryMeasure().PointToPointDistance(a, b, distance);
+}
+
+long ZorGeometryMeasureDlg::MidPoint(ZorPoint& a, ZorPoint& b, ZorPoint* mid) {
+  return ZorGeometryMeasure().MidPoint(a, b, mid);
+}
+
+long ZorGeometryMeasureDlg::LinesIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3,
+                                              ZorPoint& p4, ZorPoint* out) {
+  return ZorGeometryMeasure().LinesIntersection(p1, p2, p3, p4, out);
+}
+
+long ZorGeometryMeasureDlg::PerpendicularProjection(ZorPoint& p, ZorPoint& a, ZorPoint& b,
+                                                    ZorPoint* foot) {
+  return ZorGeometryMeasure().PerpendicularProjection(p, a, b, foot);
+}
+
+long ZorGeometryMeasureDlg::ParallerLine(ZorPoint& p, ZorPoint& a, ZorPoint& b, ZorPoint* out) {
+  return ZorGeometryMeasure().ParallerLine(p, a, b, out);
+}
+
+// ==== Bisectors
+// ===================================================================================
+
+long ZorGeometryMeasureDlg::BissectingLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4,
+                                           ZorPoint* out1, ZorPoint* out2) {
+  return ZorGeometryMeasure().BissectingLine2(p1, p2, p3, p4, out1, out2);
+}
+
+long ZorGeometryMeasureDlg::BissectingVector(ZorPoint& u, ZorPoint& v, ZorPoint* bisector) {
+  return ZorGeometryMeasure().BissectingVector(u, v, bisector);
+}
+
+long ZorGeometryMeasureDlg::MidLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint* out1,
+                                    ZorPoint* out2) {
+  return ZorGeometryMeasure().MidLine(p1, p2, p3, out1, out2);
+}
+
+// ==== Angles
+// ======================================================================================
+
+long ZorGeometryMeasureDlg::VectorAngle(ZorPoint& p1, ZorPoint& p2, double* angle) {
+  return ZorGeometryMeasure().AngleFromHorizontal(p1, p2, angle);
+}
+
+long ZorGeometryMeasureDlg::AngleFrom3Points(ZorPoint& p1, ZorPoint& vertex, ZorPoint& p3,
+                                             double* angle) {
+  return ZorGeometryMeasure().AngleFrom3Point(p1, vertex, p3, angle);
+}
+
+long ZorGeometryMeasureDlg::AngleFrom4Points(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4,
+                                             double* angle) {
+  return ZorGeometryMeasure().AngleFrom4Point(p1, p2, p3, p4, angle);
+}
+
+long ZorGeometryMeasureDlg::IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4,
+                                          int mode, double* angle) {
+  return ZorGeometryMeasure().IncludedAngle(p1, p2, p3, p4, mode, angle);
+}
+
+// ==== Arcs
+// ========================================================================================
+
+long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, float phi,
+                                          float start, float extent, int count,
+                                          ZorPointArray* out) {
+  return ZorGeometryMeasure().SampleArc(centre, a, b, phi, start, extent, count, out);
+}
+
+// ==== Distances of points, lines and segments
+// =====================================================
+
+long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineStart,
+                                                ZorPoint& lineEnd, double* distance) {
+  return ZorGeometryMeasure().PointTolineDistance(point, lineStart, lineEnd, distance);
+}
+
+}  // namespace ZORMV

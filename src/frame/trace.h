@@ -1,0 +1,39 @@
+#pragma once
+
+#include <source_location>
+#include <string>
+#include <string_view>
+
+#include "ZorStatus.h"
+#include <ZorFastLoggerPrivate.h>
+
+namespace zor::frame {
+
+/// Call record of one operation: "start" where it is built, "<operation> end" where Done() is
+/// returned. A path that leaves otherwise (a failure code, an exception) leaves only "start".
+class Trace {
+ public:
+  using Where = std::source_location;
+  explicit Trace(std::string_view operation, Where at = Where::current()) : operation_(operation) {
+    Record("start", at);
+  }
+  Trace(const Trace&) = delete;
+  Trace& operator=(const Trace&) = delete;
+  [[nodiscard]] long Done(Where at = Where::current()) {
+    if (logger_.HasSink()) Record(std::string(operation_) + " end", at);
+    return GM_OK;
+  }
+
+ private:
+  void Record(std::string_view message, Where at) {
+    const int line = static_cast<int>(at.line());
+    if (logger_.HasSink()) logger_.Log(message, "ZorGeometryMeasure", operation_, line);
+  }
+  ZORMV::ZorFastLoggerPrivate logger_;
+  std::string_view operation_;  // a literal
+};
+
+/// Whether nested records are wanted: a faster way that skips inner calls may only run without.
+[[nodiscard]] inline bool IsTracing() { return ZORMV::ZorFastLoggerPrivate::HasSink(); }
+
+}  // namespace zor::frame
