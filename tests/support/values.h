@@ -1,11 +1,8 @@
 #pragma once
 
-#include <cmath>
+#include <iosfwd>
 #include <limits>
-#include <ostream>
 #include <string>
-
-#include <gtest/gtest.h>
 
 #include <ZorData.h>
 
@@ -21,17 +18,12 @@ inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 [[nodiscard]] inline bool IsUntouched(double value) { return value == kUntouched; }
 [[nodiscard]] inline bool IsUntouched(const ZorPoint& p) { return p == UntouchedPoint(); }
 
-[[nodiscard]] inline std::string Show(const ZorPoint& p) {
-  return "(" + std::to_string(p.x) + ", " + std::to_string(p.y) + ")";
-}
+[[nodiscard]] std::string Show(const ZorPoint& p);
 
 /// EXPECT_NEAR for both coordinates.
-inline void ExpectNear(const ZorPoint& actual, const ZorPoint& expected, double tolerance) {
-  EXPECT_NEAR(actual.x, expected.x, tolerance) << Show(actual) << " for " << Show(expected);
-  EXPECT_NEAR(actual.y, expected.y, tolerance) << Show(actual) << " for " << Show(expected);
-}
+void ExpectNear(const ZorPoint& actual, const ZorPoint& expected, double tolerance);
 
 }  // namespace zor::test
 
 /// How GoogleTest prints a point.
-inline void PrintTo(const ZorPoint& p, std::ostream* os) { *os << zor::test::Show(p); }
+void PrintTo(const ZorPoint& p, std::ostream* os);
