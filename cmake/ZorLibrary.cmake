@@ -1,6 +1,7 @@
 include(GenerateExportHeader)
 
 set(ZOR_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/zor")
+# What may leave a shared library; a folder whose names follow another pattern sets its own.
 set(ZOR_EXPORT_MAP "${CMAKE_CURRENT_LIST_DIR}/exports.map")
 
 # zor_add_library(<target> ALIAS <installed name> [SOURCES <file>...] HEADERS <file>...
@@ -59,9 +60,10 @@ function(zor_add_library target)
     PRIVATE
     -Wl,--as-needed
     -Wl,-Bsymbolic-functions
-    -Wl,--version-script=${ZOR_EXPORT_MAP}
-    # A sanitizer's run-time is resolved by the program.
-    $<$<NOT:$<BOOL:${ZOR_SANITIZE}>>:-Wl,-z,defs>)
+    -Wl,--version-script=${ZOR_EXPORT_MAP})
+  if(NOT ZOR_SANITIZE)  # the sanitizers' run-time is resolved in the program
+    target_link_options(${target} PRIVATE -Wl,-z,defs)
+  endif()
   if(ZOR_LTO)
     # Fat objects: the tests and benchmarks link the same objects the plain way, without optimising
     # the whole library anew for each program.
