@@ -189,6 +189,21 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   // ==== Curve fits and splines ==================================================================
 
+  /// Densifies a point sequence: between every two points it inserts `insertCount` points, x evenly
+  /// spaced, y from a cubic (splineType 0: uniform B-spline, approximating; 1: Catmull-Rom; 2:
+  /// natural spline, both interpolating) through the y values on unit spacing. The given points
+  /// stay in the curve unchanged, for the B-spline too. The inserted y values advance by
+  /// insertCount a gap, not by insertCount + 1, and so lag behind x from the second gap on.
+  /// Replaces `curve`. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  splineType is not 0, 1 or 2
+  /// @retval GM_E_PARAM_3  insertCount < 1
+  /// @retval GM_E_PARAM_1  the first and the last point are equal
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  /// @retval GM_E_PARAM_3  the curve would have more than 67 108 864 points
+  /// @retval GM_E_FIT_NO_RESULT  an exception while computing the B-spline
+  long GenSplineCurve(ZorPointArray& points, int splineType, int insertCount, ZorPointArray* curve);
+
   // ==== Distances of points, lines and segments =================================================
 
   /// Unsigned distance of a point from the line through lineStart and lineEnd. Traced.

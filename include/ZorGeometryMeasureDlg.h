@@ -78,6 +78,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Curve fits and splines ==================================================================
 
+  /// Forwards to GenSplineCurve.
+  long SplineCurveInterpolate(ZorPointArray& points, int splineType, int insertCount,
+                              ZorPointArray* curve);
+
   // ==== Distances of points, lines and segments =================================================
 
   /// Forwards to PointTolineDistance.

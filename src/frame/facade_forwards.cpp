@@ -78,6 +78,14 @@ long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, fl
   return ZorGeometryMeasure().SampleArc(centre, a, b, phi, start, extent, count, out);
 }
 
+// ==== Curve fits and splines
+// ======================================================================
+
+long ZorGeometryMeasureDlg::SplineCurveInterpolate(ZorPointArray& points, int splineType,
+                                                   int insertCount, ZorPointArray* curve) {
+  return ZorGeometryMeasure().GenSplineCurve(points, splineType, insertCount, curve);
+}
+
 // ==== Distances of points, lines and segments
 // =====================================================
 
