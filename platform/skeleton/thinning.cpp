@@ -50,8 +50,7 @@ ThinningField::ThinningField(const ZorImage& image)
       cells_(stride_ * (static_cast<std::size_t>(image.Height()) + 2)) {
   for (int y = 0; y < height_; ++y) {
     const unsigned char* const from = image.Row(y);
-    std::transform(from, from + width_,
-                   cells_.begin() + static_cast<std::ptrdiff_t>((y + 1LL) * stride_ + 1),
+    std::transform(from, from + width_, cells_.data() + RowStart(y),
                    [](unsigned char value) { return value != 0 ? kForeground : 0; });
   }
   for (std::size_t i = stride_; i < cells_.size() - stride_; ++i) {
@@ -59,6 +58,10 @@ ThinningField::ThinningField(const ZorImage& image)
     // A pixel without background around it becomes deletable only when a neighbour goes.
     if (cells_[i] != 0 && Neighbours(index) != kAllNeighbours) Enqueue(index);
   }
+}
+
+std::size_t ThinningField::RowStart(int y) const {
+  return (static_cast<std::size_t>(y) + 1) * stride_ + 1;
 }
 
 unsigned ThinningField::Neighbours(Index i) const {
@@ -106,7 +109,7 @@ void ThinningField::Thin() {
 ZorImage ThinningField::ToImage() const {
   ZorImage image(width_, height_);
   for (int y = 0; y < height_; ++y) {
-    const auto row = cells_.begin() + static_cast<std::ptrdiff_t>((y + 1LL) * stride_ + 1);
+    const unsigned char* const row = cells_.data() + RowStart(y);
     std::transform(row, row + width_, image.Row(y),
                    [](unsigned char cell) { return (cell & kForeground) != 0 ? kOn : 0; });
   }

@@ -30,6 +30,7 @@ class ThinningField {
  private:
   using Index = std::uint32_t;
 
+  [[nodiscard]] std::size_t RowStart(int y) const;
   [[nodiscard]] unsigned Neighbours(Index i) const;
   void Enqueue(Index i);
   void RunPass(unsigned pass);
