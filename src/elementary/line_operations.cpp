@@ -12,18 +12,33 @@
 using zor::frame::CatchAs;
 using zor::frame::InvalidArgument;
 using zor::frame::IsDegenerate;
+using zor::frame::IsTracing;
 using zor::frame::Store;
 using zor::frame::Trace;
 namespace elementary = zor::elementary;
 
-long ZorGeometryMeasure::LinesIntersection(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4,
-                                           ZorPoint* out) {
-  Trace trace("LinesIntersection");
+namespace {
+
+long Intersect(const ZorPoint& p1, const ZorPoint& p2, const ZorPoint& p3, const ZorPoint& p4,
+               ZorPoint* out) {
   if (IsDegenerate(p1, p2) || IsDegenerate(p3, p4)) return GM_E_DEGENERATE_LINE;
   if (elementary::AreParallel(p2 - p1, p4 - p3)) return GM_E_PARALLEL;
   const std::optional<ZorPoint> crossing = elementary::IntersectLines(p1, p2, p3, p4);
   if (!crossing) return InvalidArgument(1);
   Store(out, *crossing);
+  return GM_OK;
+}
+
+}  // namespace
+
+long ZorGeometryMeasure::LinesIntersection(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4,
+                                           ZorPoint* out) {
+  // The innermost call of many operations: the way without a sink stands apart, because the mere
+  // possibility of a record would send all coordinates through memory first.
+  if (!IsTracing()) [[likely]]
+    return Intersect(p1, p2, p3, p4, out);
+  Trace trace("LinesIntersection");
+  if (const long status = Intersect(p1, p2, p3, p4, out); status != GM_OK) return status;
   return trace.Done();
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cmath>
-
 #include "ZorPoint.h"
 #include "frame/tolerances.h"
 
@@ -18,7 +16,9 @@ namespace zor::frame {
 [[nodiscard]] inline bool IsDegenerate(const ZorPoint& a, const ZorPoint& b) {
   const double dx = a.x - b.x;
   const double dy = a.y - b.y;
-  return std::sqrt(dx * dx + dy * dy) <= kDegenerateLength;
+  // The square root rounds correctly and so is monotone: this is sqrt(...) <= kDegenerateLength to
+  // the last bit, without the root.
+  return dx * dx + dy * dy <= kDegenerateSquared;
 }
 
 /// Radius, semi-axis, extent: strictly positive.

@@ -6,6 +6,8 @@ namespace zor::frame {
 
 /// Two points at most this far apart (inclusive) define no line, segment or vector.
 inline constexpr double kDegenerateLength = 5e-4;
+/// The largest number whose rounded square root is at most kDegenerateLength.
+inline constexpr double kDegenerateSquared = 0x1.0c6f7a0b5ed8ep-22;
 
 /// Lines are parallel when the |cross product| of their directions is below this.
 inline constexpr double kParallelCross = 1e-5;

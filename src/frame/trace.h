@@ -1,7 +1,6 @@
 #pragma once
 
 #include <source_location>
-#include <string>
 #include <string_view>
 
 #include "ZorStatus.h"
@@ -15,20 +14,22 @@ class Trace {
  public:
   using Where = std::source_location;
   explicit Trace(std::string_view operation, Where at = Where::current()) : operation_(operation) {
-    Record("start", at);
+    if (logger_.HasSink()) [[unlikely]]
+      RecordStart(at);
   }
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
   [[nodiscard]] long Done(Where at = Where::current()) {
-    if (logger_.HasSink()) Record(std::string(operation_) + " end", at);
+    if (logger_.HasSink()) [[unlikely]]
+      RecordEnd(at);
     return GM_OK;
   }
 
  private:
-  void Record(std::string_view message, Where at) {
-    const int line = static_cast<int>(at.line());
-    if (logger_.HasSink()) logger_.Log(message, "ZorGeometryMeasure", operation_, line);
-  }
+  // Out of line, so that an operation carries no more than the test of the flag.
+  void RecordStart(Where at) const;
+  void RecordEnd(Where at) const;
+
   ZORMV::ZorFastLoggerPrivate logger_;
   std::string_view operation_;  // a literal
 };
