@@ -216,10 +216,63 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Distances of circles, ellipses and rectangles ===========================================
 
   // ==== Intersections of lines and segments =====================================================
+  // Lines are given by two points on them, segments by their ends, which belong to them.
+  // Degenerate: the two points lie within 0.0005 of each other, inclusive.
+
+  /// Whether (p - a) . (p - b) <= 0: for a point p of line ab, that it lies on segment ab, ends
+  /// included. Not traced.
+  bool PointOnSegment(ZorPoint& p, ZorPoint& a, ZorPoint& b);
+
+  /// Whether segments a1a2 and b1b2 cross, ends included. False for degenerate segments and for
+  /// every parallel pair, overlapping ones too. `point` receives the crossing of the two lines
+  /// whenever there is one, also where the answer is false. The flag is neither read nor written.
+  /// Not traced itself (a nested "LinesIntersection" is).
+  bool LineSegmentsIntersection(ZorPoint& a1, ZorPoint& a2, ZorPoint& b1, ZorPoint& b2,
+                                ZorPoint* point, bool* unused);
+
+  /// Whether segment s1s2 meets line l1l2, with a slack beyond the ends: (x - s1) . (x - s2) may be
+  /// up to 1e-5. False when LinesIntersection fails; otherwise `point` receives the crossing of the
+  /// two lines, also where the answer is false. The flag is neither read nor written. Not traced
+  /// itself (a nested "LinesIntersection" is).
+  bool LineSegmentToLineIntersection(ZorPoint& s1, ZorPoint& s2, ZorPoint& l1, ZorPoint& l2,
+                                     ZorPoint* point, bool* unused);
 
   // ==== Intersections of shapes =================================================================
 
+  /// Replaces `corners` by the corners of a rotated rectangle: (w/2, h/2), (-w/2, h/2),
+  /// (-w/2, -h/2), (w/2, -h/2) in its own frame, turned by `angle` degrees (less 180 from 180 on)
+  /// counter-clockwise on the screen. Not traced.
+  /// @retval GM_E_PARAM_2  width <= 0
+  /// @retval GM_E_PARAM_3  height <= 0
+  /// @retval GM_E_PARAM_4  angle outside [0, 360]
+  long RectAngularToPolygon(ZorPoint& centre, double width, double height, double angle,
+                            ZorPointArray* corners);
+
   // ==== Position relations ======================================================================
+  // Relation codes: -1 inside, 0 on the outline within the operation's tolerance, 1 outside.
+
+  /// Relation of a point to a circle; on the outline when closer than 1e-5 to it. Traced.
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre, double radius, int* code);
+
+  /// Relation of a point to an oval with semi-axes a and b, the first turned by `angle` degrees
+  /// counter-clockwise on the screen. On the outline when its equation (u/a)^2 + (v/b)^2 - 1 is at
+  /// most 1e-5 in size, which is no distance in pixels. Traced.
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long PointToOvalPosRelation(ZorPoint& point, ZorPoint& centre, double a, double b, double angle,
+                              int* code);
+
+  /// Relation of a point to a polygon, by the crossings of a ray with its edges (even-odd where it
+  /// crosses itself). On the outline: within 1e-5 (inclusive) of an edge, measured along x for
+  /// edges that are not horizontal, and along y, between their ends, for horizontal ones; and at a
+  /// vertex exactly. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  long PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon, int* code);
+  /// The same relation as the return value, for any number of vertices: an empty polygon has every
+  /// point outside. Not traced.
+  long PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon);
 
   // ==== Selection by region =====================================================================
 

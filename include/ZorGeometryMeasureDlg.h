@@ -98,6 +98,20 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Position relations ======================================================================
 
+  long PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre, double radius, int* code);
+  long PointToOvalPosRelation(ZorPoint& point, ZorPoint& centre, double a, double b, double angle,
+                              int* code);
+  long PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon, int* code);
+
+  /// Relation of a point to a rotated rectangle, as ZorGeometryMeasure::PointToPolygonPosRelation
+  /// to its corners (RectAngularToPolygon). Traced as "PointToRectangularPos", around a nested
+  /// "PointToPolygonPosRelation".
+  /// @retval GM_E_PARAM_3  width <= 0
+  /// @retval GM_E_PARAM_4  height <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long PointToRectangularPos(ZorPoint& point, ZorPoint& centre, double width, double height,
+                             double angle, int* code);
+
   // ==== Selection by region =====================================================================
 
   // ==== Area, centroid, moments =================================================================

@@ -94,4 +94,22 @@ long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineS
   return ZorGeometryMeasure().PointTolineDistance(point, lineStart, lineEnd, distance);
 }
 
+// ==== Position relations
+// =========================================================================
+
+long ZorGeometryMeasureDlg::PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre,
+                                                     double radius, int* code) {
+  return ZorGeometryMeasure().PointToCirclePosRelation(point, centre, radius, code);
+}
+
+long ZorGeometryMeasureDlg::PointToOvalPosRelation(ZorPoint& point, ZorPoint& centre, double a,
+                                                   double b, double angle, int* code) {
+  return ZorGeometryMeasure().PointToOvalPosRelation(point, centre, a, b, angle, code);
+}
+
+long ZorGeometryMeasureDlg::PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon,
+                                                      int* code) {
+  return ZorGeometryMeasure().PointToPolygonPosRelation(point, polygon, code);
+}
+
 }  // namespace ZORMV
