@@ -189,6 +189,38 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   // ==== Curve fits and splines ==================================================================
 
+  /// Least-squares polynomial y(x) of the order max(order, 0) by the normal equations in the raw
+  /// powers of x. Replaces `coefficients`, highest power first; `curve` is not used. Unlike
+  /// elsewhere 1 is success and 0 failure: a row of the equations holds only zeros (all x are 0, no
+  /// points) or nothing comparable, or the order is above 1000; then the line "Singular matrix in
+  /// routine ludcmp" goes to the standard error stream and nothing is written. Equations that are
+  /// singular in another way (too few distinct points) give one of their solutions where they have
+  /// one, otherwise large or non-finite numbers. Not traced.
+  long SolveLinerEquationsPolynomialFit(ZorPointArray& points, int order, ZorVarArray* coefficients,
+                                        ZorPointArray* curve);
+
+  /// Gaussian peak y = amplitude exp(-(x - mean)^2 / (2 variance)) in closed form, by the parabola
+  /// through ln y (SolveLinerEquationsPolynomialFit). Where its equations cannot be solved the
+  /// status is GM_OK and nothing is written. Not traced.
+  /// @retval GM_E_GAUSS_TOO_FEW_POINTS  fewer than 4 points
+  /// @retval GM_E_PARAM_1  a y <= 0
+  /// @retval GM_E_DEGENERATE_RESULT  all three results are below 1e-8 in magnitude; they are
+  /// written
+  long FitGaussianCurve(ZorPointArray& points, double* amplitude, double* mean, double* variance);
+
+  /// Gaussian peak on a baseline by non-linear least squares: replaces `parameters` by p0 (height),
+  /// p1 (position), p2 (spread), p3 (baseline) of y = p0 exp(-(x - p1)^2 / (2 p2)) + p3. It starts
+  /// from the largest y, the x of its first occurrence, the extent in x and the smallest y, and
+  /// makes at most `maxIterations` steps (0: the solver's own limit, 50). Convergence is not
+  /// judged: the parameters where the solver stopped are returned, which are the start values where
+  /// the curve cannot be evaluated (one common x, coordinates that are not numbers, values beyond
+  /// 1e140). From 100 points on the solver runs in several threads, as many as the configuration
+  /// says, which can change the last digits from call to call. Traced.
+  /// @retval GM_E_PARAM_1  fewer than 4 points
+  /// @retval GM_E_PARAM_2  maxIterations < 0
+  /// @retval GM_E_FIT_UNBOUNDED  a parameter is infinite or the largest finite double
+  long FitGaussianCurve(ZorPointArray points, int maxIterations, ZorVarArray* parameters);
+
   /// Densifies a point sequence: between every two points it inserts `insertCount` points, x evenly
   /// spaced, y from a cubic (splineType 0: uniform B-spline, approximating; 1: Catmull-Rom; 2:
   /// natural spline, both interpolating) through the y values on unit spacing. The given points

@@ -78,6 +78,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Curve fits and splines ==================================================================
 
+  long FitGaussianCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
   /// Forwards to GenSplineCurve.
   long SplineCurveInterpolate(ZorPointArray& points, int splineType, int insertCount,
                               ZorPointArray* curve);

@@ -36,3 +36,5 @@ inline constexpr long GM_E_FIT_FAILED = 20401010;         ///< a fit or equation
 inline constexpr long GM_E_DISTANCE_FAILED = 20401011;    ///< exception while computing a distance
 inline constexpr long GM_E_INTERSECTION_FAILED = 20401012;      ///< exception while intersecting
 inline constexpr long GM_E_INSCRIBED_CIRCLE_FAILED = 20401014;  ///< no inscribed circle found
+
+inline constexpr long GM_E_FIT_UNBOUNDED = 30305018;  ///< a fitted curve parameter is infinite

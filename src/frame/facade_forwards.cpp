@@ -81,6 +81,11 @@ long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, fl
 // ==== Curve fits and splines
 // ======================================================================
 
+long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
+                                             ZorVarArray* parameters) {
+  return ZorGeometryMeasure().FitGaussianCurve(points, maxIterations, parameters);
+}
+
 long ZorGeometryMeasureDlg::SplineCurveInterpolate(ZorPointArray& points, int splineType,
                                                    int insertCount, ZorPointArray* curve) {
   return ZorGeometryMeasure().GenSplineCurve(points, splineType, insertCount, curve);

@@ -8,7 +8,19 @@ using zor::test::Want;
 TEST(CurveOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
   ZorPointArray profile = {{0, 1}, {1, 3}, {2, 4}, {3, 2}, {4, 1}}, curve;
+  ZorVarArray values;
+  double amplitude = 0.0, mean = 0.0, variance = 0.0;
   zor::test::CheckRows({
+      {"FitGaussianCurve, closed form", "",
+       [&](bool w) {
+         return m.FitGaussianCurve(profile, Want(w, amplitude), Want(w, mean), Want(w, variance));
+       }},
+      {"FitGaussianCurve, solver", "+FitGaussianCurve -FitGaussianCurve",
+       [&](bool w) { return m.FitGaussianCurve(profile, 0, Want(w, values)); }},
+      {"SolveLinerEquationsPolynomialFit: 1 is success", "",
+       [&](bool w) {
+         return 1 - m.SolveLinerEquationsPolynomialFit(profile, 2, Want(w, values), Want(w, curve));
+       }},
       {"GenSplineCurve", "+GenSplineCurve -GenSplineCurve",
        [&](bool w) { return m.GenSplineCurve(profile, 0, 2, Want(w, curve)); }},
   });

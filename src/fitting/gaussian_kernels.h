@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+#include "ZorPoint.h"
+
+namespace zor::fitting {
+
+/// Peak height, peak position, spread, baseline of
+/// y = height exp(-(x - position)^2 / (2 spread)) + baseline; the spread is thus a variance.
+using GaussianParameters = std::array<double, 4>;
+
+inline constexpr std::size_t kMinGaussianPoints = 4;
+
+/// A peak without a baseline: y = amplitude exp(-(x - mean)^2 / (2 variance)).
+struct GaussianPeak {
+  double amplitude = 0.0;
+  double mean = 0.0;
+  double variance = 0.0;
+};
+
+/// The peak whose logarithm is q2 x^2 + q1 x + q0.
+[[nodiscard]] GaussianPeak PeakOfLogarithm(double q2, double q1, double q0);
+
+/// Amplitude, mean and variance all below 1e-8 in magnitude.
+[[nodiscard]] bool Vanishes(const GaussianPeak& peak);
+
+/// Where the solver starts: the largest y, the x of its first occurrence, the extent in x (although
+/// it acts as a variance), the smallest y. Precondition: a point.
+[[nodiscard]] GaussianParameters GaussianStart(std::span<const ZorPoint> points);
+
+/// Threads of the solver: 1 below 100 points, else the setting, or one a processor when that is
+/// below 1.
+[[nodiscard]] int SolverThreads(std::size_t points, int setting);
+
+/// Infinite, or the largest finite double.
+[[nodiscard]] bool IsBeyondRange(double parameter);
+
+}  // namespace zor::fitting
