@@ -184,6 +184,47 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
                  int count, ZorPointArray* out);
 
   // ==== Line fits ===============================================================================
+  // A fit reports a straight line by two points on it. Points are edge points in any order, but for
+  // the ends: a re-weighted fit evaluates its line at the first and at the last point (x, or y for
+  // a steep line), the second 0.1 further on when both are equal. It minimises the offsets along y,
+  // or along x when the line is steep: when its Huber fit lies within a millionth of vertical. So
+  // a nearly vertical edge that is not exactly vertical wants x and y exchanged by the caller.
+  //
+  // `iterations` is the number of passes; between two of them every point gets the weight
+  // 1 - (e / clipDistance)^2 for its offset e below clipDistance, else 0, which enters squared.
+  // With fewer than 2 points left the fit ends with the passes done. A singular system is no error:
+  // the coefficients are 0, or in a later least-squares pass those of the pass before. Coordinates
+  // that are not finite give results that are not either.
+
+  /// Method 0: the Huber line over the points' extent along its dominant axis (two points come back
+  /// as they are); `iterations` is not used. Method 1: least absolute offsets along y, never along
+  /// x, with a clipping distance of its own for every re-weighting: 0.5, or the residual at rank
+  /// trunc(0.8 n) when that at trunc(0.5 n) exceeds 0.5; iterations below 1 give the line y = 0.
+  /// Any other method does nothing and returns GM_OK. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_FIT_FAILED  an exception while fitting
+  long FitLine(ZorPointArray& points, int method, int iterations, ZorPoint* start, ZorPoint* end);
+
+  /// Re-weighted least squares; one iteration is the fit over the extent of FitLine's method 0.
+  /// Traced, but one iteration leaves no end record. Exceptions of the matrix library pass.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  long LeastSqaureLineFit(ZorPointArray& points, int iterations, double clipDistance,
+                          ZorPoint* start, ZorPoint* end);
+
+  /// Re-weighted least absolute offsets, at most 50 steps a pass; a pass ends once the offsets' sum
+  /// is below 1 or no longer falls. Offsets beyond 2 enter the steps less 2 and cut to a whole
+  /// number. An offset of exactly 0 in a step makes the result not a number. Traced. Exceptions of
+  /// the matrix library pass.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  long LeastAbsoluteLineFit(ZorPointArray& points, int iterations, double clipDistance,
+                            ZorPoint* start, ZorPoint* end);
+
+  /// Inert: returns GM_OK. Not traced.
+  long SSETest(ZorVarArray values, ZorVar* result);
 
   // ==== Circle and ellipse fits =================================================================
 
@@ -319,44 +360,6 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Convex points, curvature, search lines ==================================================
 
   // ==== Images ==================================================================================
-  // Three channels are taken as blue, green, red and turned into grey. An empty image has no
-  // extrema. What the image routines underneath throw passes to the caller.
-
-  /// Appends the local minima of an image, as (column, row) in scan order: pixels darker than
-  /// `threshold` and no brighter than any pixel within `radius` columns and rows, as far as the
-  /// image reaches. Row 0 and column 0 are neither searched nor compared with. A pixel with a pixel
-  /// of its own value that near, or itself, already in `output` is left out, be it found before or
-  /// left there by the caller: a plateau gives its first pixel in scan order, and further ones
-  /// where it is wider than the radius. A radius below 0 compares with nothing. Always GM_OK.
-  /// Traced.
-  long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);
-  /// Appends the local maxima of an image: pixels brighter than `threshold` and no darker than any
-  /// pixel within `radius`; all else as for localminima. Always GM_OK. Traced.
-  long localmaxima(ZorImage image, int threshold, int radius, ZorPointArray* output);
-
-  /// The local minima of the image smoothed by a Gaussian spot: `width` is its full width at half
-  /// maximum in pixels (sigma = width / (2 sqrt(2 ln 2)), the kernel reaches three sigma to each
-  /// side, its size forced odd). A width below 1 does not smooth, one above the larger side of the
-  /// image counts as that side. Threshold and comparisons are of the smoothed image, under the
-  /// rules of localminima. Always GM_OK. Traced.
-  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
-  /// The local maxima of the smoothed image; all else as for PSFlocalminimum. Always GM_OK. Traced.
-  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
-
-  /// Measures the white areas of a binary image; `roi` and `rois` are neither read nor written, the
-  /// whole image is measured. Mode 0: every blob of pixels other than 0 whose outer boundary, holes
-  /// included, encloses an area of minArea to maxArea (both included): the area and the centre, each
-  /// coordinate to the nearest whole number (halves away from zero), in the order in which the
-  /// boundaries are found. Areas are those between pixel centres: a single pixel or a line of pixels
-  /// has 0, and the centre of its bounding box. Mode 1: the number of pixels of value 255, as the
-  /// only area. Any other mode measures nothing. The three lists are cleared first, whatever
-  /// follows. Traced.
-  /// @retval GM_E_EMPTY_IMAGE  no rows or no columns
-  long AreaMeasure(ZorImage& image, ZorROI& roi, int mode, float minArea, float maxArea,
-                   ZorROIArray* rois, ZorVarArray& areas, ZorVarArray& centreX,
-                   ZorVarArray& centreY);
 
  private:
   ZorPointArray scratch_;  // kept for the object's layout; no operation reads what a call left here

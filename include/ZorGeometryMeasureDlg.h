@@ -74,6 +74,11 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Line fits ===============================================================================
 
+  long LeastSqaureLineFit(ZorPointArray& points, int iterations, double clipDistance,
+                          ZorPoint* start, ZorPoint* end);
+  long LeastAbsoluteLineFit(ZorPointArray& points, int iterations, double clipDistance,
+                            ZorPoint* start, ZorPoint* end);
+
   // ==== Circle and ellipse fits =================================================================
 
   // ==== Curve fits and splines ==================================================================
@@ -124,13 +129,6 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   // ==== Contours and defects ====================================================================
 
   // ==== Images ==================================================================================
-
-  long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);
-  long localmaxima(ZorImage image, int threshold, int radius, ZorPointArray* output);
-  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
-  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
 };
 
 }  // namespace ZORMV

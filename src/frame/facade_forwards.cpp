@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "ZorGeometryMeasure.h"
 #include "ZorGeometryMeasureDlg.h"
 
@@ -7,7 +5,8 @@
 
 namespace ZORMV {
 
-// ==== Points and lines ==========================================================================
+// ==== Points and lines
+// ============================================================================
 
 long ZorGeometryMeasureDlg::PointToPointDistance(ZorPoint& a, ZorPoint& b, double* distance) {
   return ZorGeometryMeasure().PointToPointDistance(a, b, distance);
@@ -31,7 +30,8 @@ long ZorGeometryMeasureDlg::ParallerLine(ZorPoint& p, ZorPoint& a, ZorPoint& b, 
   return ZorGeometryMeasure().ParallerLine(p, a, b, out);
 }
 
-// ==== Bisectors =================================================================================
+// ==== Bisectors
+// ===================================================================================
 
 long ZorGeometryMeasureDlg::BissectingLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4,
                                            ZorPoint* out1, ZorPoint* out2) {
@@ -47,7 +47,8 @@ long ZorGeometryMeasureDlg::MidLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, Zo
   return ZorGeometryMeasure().MidLine(p1, p2, p3, out1, out2);
 }
 
-// ==== Angles ====================================================================================
+// ==== Angles
+// ======================================================================================
 
 long ZorGeometryMeasureDlg::VectorAngle(ZorPoint& p1, ZorPoint& p2, double* angle) {
   return ZorGeometryMeasure().AngleFromHorizontal(p1, p2, angle);
@@ -68,7 +69,8 @@ long ZorGeometryMeasureDlg::IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& 
   return ZorGeometryMeasure().IncludedAngle(p1, p2, p3, p4, mode, angle);
 }
 
-// ==== Arcs ======================================================================================
+// ==== Arcs
+// ========================================================================================
 
 long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, float phi,
                                           float start, float extent, int count,
@@ -76,11 +78,23 @@ long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, fl
   return ZorGeometryMeasure().SampleArc(centre, a, b, phi, start, extent, count, out);
 }
 
-// ==== Line fits =================================================================================
+// ==== Line fits
+// ===================================================================================
 
-// ==== Circle and ellipse fits ===================================================================
+long ZorGeometryMeasureDlg::LeastSqaureLineFit(ZorPointArray& points, int iterations,
+                                               double clipDistance, ZorPoint* start,
+                                               ZorPoint* end) {
+  return ZorGeometryMeasure().LeastSqaureLineFit(points, iterations, clipDistance, start, end);
+}
 
-// ==== Curve fits and splines ====================================================================
+long ZorGeometryMeasureDlg::LeastAbsoluteLineFit(ZorPointArray& points, int iterations,
+                                                 double clipDistance, ZorPoint* start,
+                                                 ZorPoint* end) {
+  return ZorGeometryMeasure().LeastAbsoluteLineFit(points, iterations, clipDistance, start, end);
+}
+
+// ==== Curve fits and splines
+// ======================================================================
 
 long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
                                              ZorVarArray* parameters) {
@@ -92,22 +106,16 @@ long ZorGeometryMeasureDlg::SplineCurveInterpolate(ZorPointArray& points, int sp
   return ZorGeometryMeasure().GenSplineCurve(points, splineType, insertCount, curve);
 }
 
-// ==== Distances of points, lines and segments ===================================================
+// ==== Distances of points, lines and segments
+// =====================================================
 
 long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineStart,
                                                 ZorPoint& lineEnd, double* distance) {
   return ZorGeometryMeasure().PointTolineDistance(point, lineStart, lineEnd, distance);
 }
 
-// ==== Distances of contours and point sets ======================================================
-
-// ==== Distances of circles, ellipses and rectangles =============================================
-
-// ==== Intersections of lines and segments =======================================================
-
-// ==== Intersections of shapes ===================================================================
-
-// ==== Position relations ========================================================================
+// ==== Position relations
+// =========================================================================
 
 long ZorGeometryMeasureDlg::PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre,
                                                      double radius, int* code) {
@@ -122,38 +130,6 @@ long ZorGeometryMeasureDlg::PointToOvalPosRelation(ZorPoint& point, ZorPoint& ce
 long ZorGeometryMeasureDlg::PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon,
                                                       int* code) {
   return ZorGeometryMeasure().PointToPolygonPosRelation(point, polygon, code);
-}
-
-// ==== Selection by region =======================================================================
-
-// ==== Area, centroid, moments ===================================================================
-
-// ==== Form measures =============================================================================
-
-// ==== Enclosing figures =========================================================================
-
-// ==== Contours and defects ======================================================================
-
-// ==== Images ====================================================================================
-
-long ZorGeometryMeasureDlg::localminima(ZorImage image, int threshold, int radius,
-                                        ZorPointArray* output) {
-  return ZorGeometryMeasure().localminima(std::move(image), threshold, radius, output);
-}
-
-long ZorGeometryMeasureDlg::localmaxima(ZorImage image, int threshold, int radius,
-                                        ZorPointArray* output) {
-  return ZorGeometryMeasure().localmaxima(std::move(image), threshold, radius, output);
-}
-
-long ZorGeometryMeasureDlg::PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
-                                            ZorPointArray* output) {
-  return ZorGeometryMeasure().PSFlocalminimum(std::move(image), threshold, radius, width, output);
-}
-
-long ZorGeometryMeasureDlg::PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
-                                            ZorPointArray* output) {
-  return ZorGeometryMeasure().PSFlocalmaximum(std::move(image), threshold, radius, width, output);
 }
 
 }  // namespace ZORMV

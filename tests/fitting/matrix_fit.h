@@ -1,0 +1,80 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <vector>
+
+#include <opencv2/core.hpp>
+
+namespace zor::test {
+
+/// The re-weighted fits written out with whole matrices: the reference for the one-sweep ones.
+struct MatrixFit {
+  cv::Mat a;  // n x k
+  cv::Mat b;  // n x 1
+  int inner_passes = 50;
+  bool restore_on_equal = false;
+  int solve = cv::DECOMP_LU;
+  int inverse = cv::DECOMP_LU;
+  int least_weights = 2;
+  std::function<std::vector<double>(const cv::Mat& c)> errors;
+  std::function<double(std::vector<double> errors)> clip;
+
+  [[nodiscard]] cv::Mat Run(bool absolute, int passes) const {
+    cv::Mat c = cv::Mat::zeros(a.cols, 1, CV_64F);
+    cv::Mat w = cv::Mat::ones(a.rows, 1, CV_64F);
+    for (int pass = 0; pass < passes; ++pass) {
+      if (pass > 0 && Reweight(c, w) < least_weights) break;
+      cv::Mat weighted = a.t();  // column i is w_i^2 row_i
+      for (int i = 0; i < a.rows; ++i) {
+        weighted.col(i) *= w.at<double>(i) * w.at<double>(i);
+      }
+      if (absolute) {
+        Absolute(cv::Mat((weighted * a).inv(inverse) * weighted), c);
+      } else {
+        cv::solve(weighted * a, weighted * b, c, solve);
+      }
+    }
+    return c;
+  }
+
+ private:
+  int Reweight(const cv::Mat& c, cv::Mat& w) const {
+    const std::vector<double> e = errors(c);
+    const double t = clip(e);
+    int left = 0;
+    for (int i = 0; i < a.rows; ++i) {
+      const double error = e[static_cast<std::size_t>(i)];
+      w.at<double>(i) = error < t ? 1 - (error / t) * (error / t) : 0;
+      if (w.at<double>(i) != 0) ++left;
+    }
+    return left;
+  }
+
+  void Absolute(const cv::Mat& p, cv::Mat& c) const {
+    cv::Mat z = cv::Mat::zeros(a.rows, 1, CV_64F);
+    cv::Mat u = z.clone();
+    double last = 0;
+    for (int k = 0; k < inner_passes; ++k) {
+      const cv::Mat before = c.clone();
+      c = p * (b + z - u);
+      const cv::Mat r = a * c - b;
+      const double sum = cv::sum(cv::abs(r))[0];
+      if (k > 0 && (restore_on_equal ? sum >= last : sum > last)) {
+        c = before;
+        return;
+      }
+      last = sum;
+      if (sum < 1.0) return;
+      const cv::Mat h = r + u;
+      for (int i = 0; i < a.rows; ++i) {
+        const double x = h.at<double>(i);
+        z.at<double>(i) = x / std::fabs(x) * std::trunc(std::max(std::fabs(x) - 2.0, 0.0));
+      }
+      u = h - z;
+    }
+  }
+};
+
+}  // namespace zor::test
