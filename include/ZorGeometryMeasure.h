@@ -360,6 +360,44 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Convex points, curvature, search lines ==================================================
 
   // ==== Images ==================================================================================
+  // Three channels are taken as blue, green, red and turned into grey. An empty image has no
+  // extrema. What the image routines underneath throw passes to the caller.
+
+  /// Appends the local minima of an image, as (column, row) in scan order: pixels darker than
+  /// `threshold` and no brighter than any pixel within `radius` columns and rows, as far as the
+  /// image reaches. Row 0 and column 0 are neither searched nor compared with. A pixel with a pixel
+  /// of its own value that near, or itself, already in `output` is left out, be it found before or
+  /// left there by the caller: a plateau gives its first pixel in scan order, and further ones
+  /// where it is wider than the radius. A radius below 0 compares with nothing. Always GM_OK.
+  /// Traced.
+  long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);
+  /// Appends the local maxima of an image: pixels brighter than `threshold` and no darker than any
+  /// pixel within `radius`; all else as for localminima. Always GM_OK. Traced.
+  long localmaxima(ZorImage image, int threshold, int radius, ZorPointArray* output);
+
+  /// The local minima of the image smoothed by a Gaussian spot: `width` is its full width at half
+  /// maximum in pixels (sigma = width / (2 sqrt(2 ln 2)), the kernel reaches three sigma to each
+  /// side, its size forced odd). A width below 1 does not smooth, one above the larger side of the
+  /// image counts as that side. Threshold and comparisons are of the smoothed image, under the
+  /// rules of localminima. Always GM_OK. Traced.
+  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
+                       ZorPointArray* output);
+  /// The local maxima of the smoothed image; all else as for PSFlocalminimum. Always GM_OK. Traced.
+  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
+                       ZorPointArray* output);
+
+  /// Measures the white areas of a binary image; `roi` and `rois` are neither read nor written, the
+  /// whole image is measured. Mode 0: every blob of pixels other than 0 whose outer boundary, holes
+  /// included, encloses an area of minArea to maxArea (both included): the area and the centre, each
+  /// coordinate to the nearest whole number (halves away from zero), in the order in which the
+  /// boundaries are found. Areas are those between pixel centres: a single pixel or a line of pixels
+  /// has 0, and the centre of its bounding box. Mode 1: the number of pixels of value 255, as the
+  /// only area. Any other mode measures nothing. The three lists are cleared first, whatever
+  /// follows. Traced.
+  /// @retval GM_E_EMPTY_IMAGE  no rows or no columns
+  long AreaMeasure(ZorImage& image, ZorROI& roi, int mode, float minArea, float maxArea,
+                   ZorROIArray* rois, ZorVarArray& areas, ZorVarArray& centreX,
+                   ZorVarArray& centreY);
 
  private:
   ZorPointArray scratch_;  // kept for the object's layout; no operation reads what a call left here

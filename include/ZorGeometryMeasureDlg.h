@@ -129,6 +129,13 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   // ==== Contours and defects ====================================================================
 
   // ==== Images ==================================================================================
+
+  long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);
+  long localmaxima(ZorImage image, int threshold, int radius, ZorPointArray* output);
+  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
+                       ZorPointArray* output);
+  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
+                       ZorPointArray* output);
 };
 
 }  // namespace ZORMV

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "ZorGeometryMeasure.h"
 #include "ZorGeometryMeasureDlg.h"
 
@@ -5,8 +7,7 @@
 
 namespace ZORMV {
 
-// ==== Points and lines
-// ============================================================================
+// ==== Points and lines ==========================================================================
 
 long ZorGeometryMeasureDlg::PointToPointDistance(ZorPoint& a, ZorPoint& b, double* distance) {
   return ZorGeometryMeasure().PointToPointDistance(a, b, distance);
@@ -30,8 +31,7 @@ long ZorGeometryMeasureDlg::ParallerLine(ZorPoint& p, ZorPoint& a, ZorPoint& b, 
   return ZorGeometryMeasure().ParallerLine(p, a, b, out);
 }
 
-// ==== Bisectors
-// ===================================================================================
+// ==== Bisectors =================================================================================
 
 long ZorGeometryMeasureDlg::BissectingLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4,
                                            ZorPoint* out1, ZorPoint* out2) {
@@ -47,8 +47,7 @@ long ZorGeometryMeasureDlg::MidLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, Zo
   return ZorGeometryMeasure().MidLine(p1, p2, p3, out1, out2);
 }
 
-// ==== Angles
-// ======================================================================================
+// ==== Angles ====================================================================================
 
 long ZorGeometryMeasureDlg::VectorAngle(ZorPoint& p1, ZorPoint& p2, double* angle) {
   return ZorGeometryMeasure().AngleFromHorizontal(p1, p2, angle);
@@ -69,8 +68,7 @@ long ZorGeometryMeasureDlg::IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& 
   return ZorGeometryMeasure().IncludedAngle(p1, p2, p3, p4, mode, angle);
 }
 
-// ==== Arcs
-// ========================================================================================
+// ==== Arcs ======================================================================================
 
 long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, float phi,
                                           float start, float extent, int count,
@@ -78,8 +76,7 @@ long ZorGeometryMeasureDlg::OvalArcSample(ZorPoint& centre, float a, float b, fl
   return ZorGeometryMeasure().SampleArc(centre, a, b, phi, start, extent, count, out);
 }
 
-// ==== Line fits
-// ===================================================================================
+// ==== Line fits =================================================================================
 
 long ZorGeometryMeasureDlg::LeastSqaureLineFit(ZorPointArray& points, int iterations,
                                                double clipDistance, ZorPoint* start,
@@ -93,8 +90,9 @@ long ZorGeometryMeasureDlg::LeastAbsoluteLineFit(ZorPointArray& points, int iter
   return ZorGeometryMeasure().LeastAbsoluteLineFit(points, iterations, clipDistance, start, end);
 }
 
-// ==== Curve fits and splines
-// ======================================================================
+// ==== Circle and ellipse fits ===================================================================
+
+// ==== Curve fits and splines ====================================================================
 
 long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
                                              ZorVarArray* parameters) {
@@ -106,16 +104,22 @@ long ZorGeometryMeasureDlg::SplineCurveInterpolate(ZorPointArray& points, int sp
   return ZorGeometryMeasure().GenSplineCurve(points, splineType, insertCount, curve);
 }
 
-// ==== Distances of points, lines and segments
-// =====================================================
+// ==== Distances of points, lines and segments ===================================================
 
 long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineStart,
                                                 ZorPoint& lineEnd, double* distance) {
   return ZorGeometryMeasure().PointTolineDistance(point, lineStart, lineEnd, distance);
 }
 
-// ==== Position relations
-// =========================================================================
+// ==== Distances of contours and point sets ======================================================
+
+// ==== Distances of circles, ellipses and rectangles =============================================
+
+// ==== Intersections of lines and segments =======================================================
+
+// ==== Intersections of shapes ===================================================================
+
+// ==== Position relations ========================================================================
 
 long ZorGeometryMeasureDlg::PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre,
                                                      double radius, int* code) {
@@ -130,6 +134,38 @@ long ZorGeometryMeasureDlg::PointToOvalPosRelation(ZorPoint& point, ZorPoint& ce
 long ZorGeometryMeasureDlg::PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon,
                                                       int* code) {
   return ZorGeometryMeasure().PointToPolygonPosRelation(point, polygon, code);
+}
+
+// ==== Selection by region =======================================================================
+
+// ==== Area, centroid, moments ===================================================================
+
+// ==== Form measures =============================================================================
+
+// ==== Enclosing figures =========================================================================
+
+// ==== Contours and defects ======================================================================
+
+// ==== Images ====================================================================================
+
+long ZorGeometryMeasureDlg::localminima(ZorImage image, int threshold, int radius,
+                                        ZorPointArray* output) {
+  return ZorGeometryMeasure().localminima(std::move(image), threshold, radius, output);
+}
+
+long ZorGeometryMeasureDlg::localmaxima(ZorImage image, int threshold, int radius,
+                                        ZorPointArray* output) {
+  return ZorGeometryMeasure().localmaxima(std::move(image), threshold, radius, output);
+}
+
+long ZorGeometryMeasureDlg::PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
+                                            ZorPointArray* output) {
+  return ZorGeometryMeasure().PSFlocalminimum(std::move(image), threshold, radius, width, output);
+}
+
+long ZorGeometryMeasureDlg::PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
+                                            ZorPointArray* output) {
+  return ZorGeometryMeasure().PSFlocalmaximum(std::move(image), threshold, radius, width, output);
 }
 
 }  // namespace ZORMV
