@@ -350,6 +350,47 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Selection by region =====================================================================
 
   // ==== Area, centroid, moments =================================================================
+  // A polygon's closing edge, from the last vertex to the first, is implied. Signed results are
+  // positive when the vertices run counter-clockwise with y upwards, clockwise on the screen.
+
+  /// Area of the polygon whose vertices are cut to whole pixels (towards zero): never negative. A
+  /// coordinate outside the range of an int is cut to that range, one that is not a number to 0.
+  /// Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  long Area(ZorPointArray points, double* area);
+
+  /// Signed area of the polygon. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points; the area is then set to 0
+  long Area2(ZorPointArray& points, double* area);
+
+  /// Mean of the points. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  long PointArrayCenter(ZorPointArray& points, ZorPoint* centre);
+
+  /// Centroid of the polygon's area, with vertices cut to whole pixels as in Area; the mean of the
+  /// points as given (a nested "PointArrayCenter") when the cut polygon's area is at most 1e-5.
+  /// Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  long PolygonCenter(ZorPointArray points, ZorPoint* centre);
+
+  /// Mean of the centres of all triangles of three consecutive vertices, each weighted with its
+  /// signed area; fewer than four points give their mean. The area centroid only of special shapes:
+  /// PolygonCenter gives that. Total weight 0: the mean of the points, by a nested
+  /// "PointArrayCenter". Not traced itself.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  long PolygonWeightCenter(ZorPointArray& points, ZorPoint* centre);
+
+  /// The integral of x^p y^q over the polygon, for order = 10 p + q one of 0, 1, 2, 10, 11, 20 and
+  /// 22; signed like Area2. Any other order gives 0 and GM_OK. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  long CalcMoment(ZorPointArray& points, int order, double* moment);
+
+  /// The two points farthest apart, in the order of the list; of equal distances the pair whose
+  /// first point comes first, then whose second does. Two points are given back as they are; of
+  /// three or more that all coincide both outputs are (0, 0). A point with a coordinate that is not
+  /// a number belongs to no pair. About linear. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  long FindMaxDistancePointPair(ZorPointArray& points, ZorPoint* first, ZorPoint* second);
 
   // ==== Form measures ===========================================================================
 

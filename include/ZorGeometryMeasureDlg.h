@@ -122,6 +122,19 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Area, centroid, moments =================================================================
 
+  /// Area of the polygon, never negative: |Area2|. Traced as "PolygonArea".
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points; the area is then set to 0
+  long PolygonArea(ZorPointArray& points, double* area);
+  long PointArrayCenter(ZorPointArray& points, ZorPoint* centre);
+  long PolygonCenter(ZorPointArray& points, ZorPoint* centre);
+
+  /// Principal axes of a point set: appends the two eigenvalues of its covariance (divided by the
+  /// number of points) to `values`, the smaller first, and their unit eigenvectors to `axes`, all
+  /// rounded to single precision; the sign of a vector is not defined. Neither list is cleared.
+  /// Traced as "PrincipalComponentAnalysis".
+  /// @retval GM_E_PARAM_1  fewer than 2 points
+  long PrincipalComponentAnalysis(ZorPointArray& points, ZorVarArray* values, ZorPointArray* axes);
+
   // ==== Form measures ===========================================================================
 
   // ==== Enclosing figures =======================================================================

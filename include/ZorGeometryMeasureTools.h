@@ -12,4 +12,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
   /// Direction of a vector in degrees in [0, 360), by atan2 in the frame of the coordinates: from
   /// +x towards +y, which is clockwise on the screen. The zero vector gives 0.
   double CalcVectorAngle(ZorPoint& v);
+
+  /// Mean of the points; of an empty list, not a number.
+  ZorPoint PointArrayCenter(ZorPointArray& points);
 };

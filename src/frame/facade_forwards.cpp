@@ -140,6 +140,14 @@ long ZorGeometryMeasureDlg::PointToPolygonPosRelation(ZorPoint& point, ZorPointA
 
 // ==== Area, centroid, moments ===================================================================
 
+long ZorGeometryMeasureDlg::PointArrayCenter(ZorPointArray& points, ZorPoint* centre) {
+  return ZorGeometryMeasure().PointArrayCenter(points, centre);
+}
+
+long ZorGeometryMeasureDlg::PolygonCenter(ZorPointArray& points, ZorPoint* centre) {
+  return ZorGeometryMeasure().PolygonCenter(points, centre);
+}
+
 // ==== Form measures =============================================================================
 
 // ==== Enclosing figures =========================================================================

@@ -1,0 +1,35 @@
+#include "frame/opencv_points.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zor::frame {
+
+namespace {
+
+int Truncate(double value) {
+  constexpr double kLowest = std::numeric_limits<int>::min();
+  constexpr double kHighest = std::numeric_limits<int>::max();
+  if (value != value) return 0;
+  return static_cast<int>(std::clamp(value, kLowest, kHighest));
+}
+
+}  // namespace
+
+std::vector<cv::Point> ToTruncatedPoints(std::span<const ZorPoint> points) {
+  std::vector<cv::Point> out;
+  out.reserve(points.size());
+  for (const ZorPoint& p : points) out.emplace_back(Truncate(p.x), Truncate(p.y));
+  return out;
+}
+
+std::vector<cv::Point2f> ToFloatPoints(std::span<const ZorPoint> points) {
+  std::vector<cv::Point2f> out;
+  out.reserve(points.size());
+  for (const ZorPoint& p : points) {
+    out.emplace_back(static_cast<float>(p.x), static_cast<float>(p.y));
+  }
+  return out;
+}
+
+}  // namespace zor::frame
