@@ -311,6 +311,55 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
                                      ZorPoint* point, bool* unused);
 
   // ==== Intersections of shapes =================================================================
+  // Two closed figures: the points where their outlines cross and the area that they share. Either
+  // output may be null and is then not computed; lists are replaced. Here pi is 3.141592653.
+
+  /// Circles c1, r1 and c2, r2 (pixels). Traced, around nested AngleFrom4Point and IncludedAngle
+  /// when the area of crossing circles is wanted. In the order of the tests:
+  ///  - centres within 0.0005, inclusive: no points, the smaller disc; radii within 1e-5 as well:
+  ///  the
+  ///    area is written and the code below returned;
+  ///  - more than 0.001 apart: no points, area 0;
+  ///  - one more than 0.001 inside the other: no points, the smaller disc;
+  ///  - else within 0.001 of touching from outside: one point on the way from c1 to c2, area 0;
+  ///  - else within 0.001 of touching from inside: one point on the side of c1 away from c2, be
+  ///  c1's
+  ///    circle the larger one or not, and the smaller disc;
+  ///  - else two points, clockwise and then counter-clockwise on the screen of the direction from
+  ///  c1
+  ///    to c2, and the lens.
+  /// @retval GM_E_PARAM_2  r1 <= 0
+  /// @retval GM_E_PARAM_4  r2 <= 0
+  /// @retval GM_E_NO_INTERSECTION  the circles coincide; `area` is written, `points` is not
+  long CircleToCircleIntersection(ZorPoint& c1, double r1, ZorPoint& c2, double r2,
+                                  ZorPointArray* points, double* area);
+
+  /// Ovals with semi-axes a, b and the angle of the first axis in degrees. Points in ascending
+  /// parametric angle on the first oval (clockwise on the screen from the end of its first axis),
+  /// touching ones included, less those within 1.0 of an earlier one; none at all when the area is
+  /// below 1e-6 (it is computed for that test even when `area` is null). One oval inside the other
+  /// gives its area. Two circles given as ovals with other angle differences than below are not
+  /// recognised as coincident: no points, and their area. Traced.
+  /// @retval GM_E_PARAM_2  a1 <= 0
+  /// @retval GM_E_PARAM_3  b1 <= 0
+  /// @retval GM_E_PARAM_4  angle1 outside [0, 360]
+  /// @retval GM_E_PARAM_6  a2 <= 0
+  /// @retval GM_E_PARAM_7  b2 <= 0
+  /// @retval GM_E_PARAM_8  angle2 outside [0, 360]
+  /// @retval GM_E_NO_INTERSECTION  the same oval: centres within 1e-5, and axes within 1e-5 with
+  ///         angles a multiple of 180 apart, or swapped axes with 90 or 270, within 1e-5
+  long OvalsIntersection(ZorPoint& c1, double a1, double b1, double angle1, ZorPoint& c2, double a2,
+                         double b2, double angle2, ZorPointArray* points, double* area);
+
+  /// A circle and an oval, as OvalsIntersection with the circle first, but points are reported
+  /// whatever the area: figures that touch give the point where they do. Traced.
+  /// @retval GM_E_PARAM_2  r <= 0
+  /// @retval GM_E_PARAM_4  a <= 0
+  /// @retval GM_E_PARAM_5  b <= 0
+  /// @retval GM_E_PARAM_6  angle outside [0, 360]
+  /// @retval GM_E_NO_INTERSECTION  the same figure, as for OvalsIntersection with angle 0
+  long CircleOvalIntersection(ZorPoint& c, double r, ZorPoint& centre, double a, double b,
+                              double angle, ZorPointArray* points, double* area);
 
   /// Replaces `corners` by the corners of a rotated rectangle: (w/2, h/2), (-w/2, h/2),
   /// (-w/2, -h/2), (w/2, -h/2) in its own frame, turned by `angle` degrees (less 180 from 180 on)
@@ -421,19 +470,17 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// side, its size forced odd). A width below 1 does not smooth, one above the larger side of the
   /// image counts as that side. Threshold and comparisons are of the smoothed image, under the
   /// rules of localminima. Always GM_OK. Traced.
-  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
+  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);
   /// The local maxima of the smoothed image; all else as for PSFlocalminimum. Always GM_OK. Traced.
-  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
+  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);
 
   /// Measures the white areas of a binary image; `roi` and `rois` are neither read nor written, the
   /// whole image is measured. Mode 0: every blob of pixels other than 0 whose outer boundary, holes
-  /// included, encloses an area of minArea to maxArea (both included): the area and the centre, each
-  /// coordinate to the nearest whole number (halves away from zero), in the order in which the
-  /// boundaries are found. Areas are those between pixel centres: a single pixel or a line of pixels
-  /// has 0, and the centre of its bounding box. Mode 1: the number of pixels of value 255, as the
-  /// only area. Any other mode measures nothing. The three lists are cleared first, whatever
+  /// included, encloses an area of minArea to maxArea (both included): the area and the centre,
+  /// each coordinate to the nearest whole number (halves away from zero), in the order in which the
+  /// boundaries are found. Areas are those between pixel centres: a single pixel or a line of
+  /// pixels has 0, and the centre of its bounding box. Mode 1: the number of pixels of value 255,
+  /// as the only area. Any other mode measures nothing. The three lists are cleared first, whatever
   /// follows. Traced.
   /// @retval GM_E_EMPTY_IMAGE  no rows or no columns
   long AreaMeasure(ZorImage& image, ZorROI& roi, int mode, float minArea, float maxArea,

@@ -102,6 +102,13 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Intersections of shapes =================================================================
 
+  long CircleToCircleIntersection(ZorPoint& c1, double r1, ZorPoint& c2, double r2,
+                                  ZorPointArray* points, double* area);
+  long OvalsIntersection(ZorPoint& c1, double a1, double b1, double angle1, ZorPoint& c2, double a2,
+                         double b2, double angle2, ZorPointArray* points, double* area);
+  long CircleOvalIntersection(ZorPoint& c, double r, ZorPoint& centre, double a, double b,
+                              double angle, ZorPointArray* points, double* area);
+
   // ==== Position relations ======================================================================
 
   long PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre, double radius, int* code);
@@ -145,10 +152,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);
   long localmaxima(ZorImage image, int threshold, int radius, ZorPointArray* output);
-  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
-  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width,
-                       ZorPointArray* output);
+  long PSFlocalminimum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);
+  long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);
 };
 
 }  // namespace ZORMV

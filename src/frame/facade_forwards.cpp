@@ -119,6 +119,25 @@ long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineS
 
 // ==== Intersections of shapes ===================================================================
 
+long ZorGeometryMeasureDlg::CircleToCircleIntersection(ZorPoint& c1, double r1, ZorPoint& c2,
+                                                       double r2, ZorPointArray* points,
+                                                       double* area) {
+  return ZorGeometryMeasure().CircleToCircleIntersection(c1, r1, c2, r2, points, area);
+}
+
+long ZorGeometryMeasureDlg::OvalsIntersection(ZorPoint& c1, double a1, double b1, double angle1,
+                                              ZorPoint& c2, double a2, double b2, double angle2,
+                                              ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().OvalsIntersection(c1, a1, b1, angle1, c2, a2, b2, angle2, points,
+                                                area);
+}
+
+long ZorGeometryMeasureDlg::CircleOvalIntersection(ZorPoint& c, double r, ZorPoint& centre,
+                                                   double a, double b, double angle,
+                                                   ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().CircleOvalIntersection(c, r, centre, a, b, angle, points, area);
+}
+
 // ==== Position relations ========================================================================
 
 long ZorGeometryMeasureDlg::PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre,

@@ -12,6 +12,7 @@ TEST(IntersectionOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorPoint a(0, 0), b(10, 0), p(3, 4), q(3, -4), out;
   ZorPointArray square{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, points;
   int code = 0;
+  double value = 0;
   zor::test::CheckRows({
       {"PointOnSegment", "", [&](bool) { return m.PointOnSegment(p, a, b) ? 0 : 1; }},
       {"LineSegmentsIntersection", "+LinesIntersection -LinesIntersection",
@@ -36,5 +37,17 @@ TEST(IntersectionOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        "+PointToRectangularPos +PointToPolygonPosRelation -PointToPolygonPosRelation "
        "-PointToRectangularPos",
        [&](bool w) { return dlg.PointToRectangularPos(p, a, 4, 2, 30, Want(w, code)); }},
+      {"CircleToCircleIntersection", "+CircleToCircleIntersection -CircleToCircleIntersection",
+       [&](bool w) {
+         return m.CircleToCircleIntersection(a, 1, b, 2, Want(w, points), Want(w, value));
+       }},
+      {"OvalsIntersection", "+OvalsIntersection -OvalsIntersection",
+       [&](bool w) {
+         return m.OvalsIntersection(a, 3, 2, 0, b, 3, 2, 0, Want(w, points), Want(w, value));
+       }},
+      {"CircleOvalIntersection", "+CircleOvalIntersection -CircleOvalIntersection",
+       [&](bool w) {
+         return m.CircleOvalIntersection(a, 3, b, 3, 2, 0, Want(w, points), Want(w, value));
+       }},
   });
 }
