@@ -279,10 +279,117 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   // ==== Distances of points, lines and segments =================================================
 
+  // Lines and segments are given by two points; degenerate: these lie within 0.0005 of each other,
+  // inclusive. Distances are Euclidean and, but for PointToPolygonDistance, not negative. Of points
+  // at the same distance the first in order is reported, unless an operation says otherwise. A
+  // status of a nested operation is returned as it is.
+
   /// Unsigned distance of a point from the line through lineStart and lineEnd. Traced.
   /// @retval GM_E_DEGENERATE_LINE  the line is degenerate
   /// @retval GM_E_DISTANCE_FAILED  an exception while computing
   long PointTolineDistance(ZorPoint point, ZorPoint lineStart, ZorPoint lineEnd, double* distance);
+
+  /// Distance of segment A = a1a2 and segment B = b1b2, by mode:
+  ///  - 0: the shortest distance. Segments that touch have 0, by a loose test: unless the products
+  ///    of the areas that the ends of one form over the other are above 1e-6 for either, they
+  ///    touch. So do near misses, and collinear segments however far apart;
+  ///  - 1: the largest of the distances of an end from the other segment;
+  ///  - 2: of the midpoint of A from B; 3: of the midpoint of B from A;
+  ///  - 4: of the two lines, 0 unless they are exactly parallel. The lines' offsets from the origin
+  ///    have the sign of their directions: give both the same direction, opposite ones yield the
+  ///    sum of the offsets.
+  /// Traced.
+  /// @retval GM_E_DEGENERATE_LINE  either segment is degenerate
+  /// @retval GM_E_PARAM_5  mode is not 0 to 4
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long LineToLineDistance(ZorPoint a1, ZorPoint a2, ZorPoint b1, ZorPoint b2, int mode,
+                          double* distance);
+
+  /// The same with the pair of points that realises it, on A and on B: modes 0 and 1 an end and the
+  /// point of the other segment nearest to it (ends in the order a1, a2, b1, b2 on ties), modes 2
+  /// and 3 the midpoint and the point nearest to it, mode 4 a1 and its projection on line B, or the
+  /// crossing twice. Segments that touch in mode 0 give their crossing twice; where there is none
+  /// (collinear ones, near misses) their closest ends, although the distance is 0. Where line B is
+  /// too short to project on (about 0.003) mode 4 gives b1. Traced, around the records of
+  /// PointToSegmentDistance (of all four ends in modes 0 and 1), LinesIntersection and
+  /// PerpendicularProjection.
+  /// @retval GM_E_DEGENERATE_LINE  either segment is degenerate
+  /// @retval GM_E_PARAM_5  mode is not 0 to 4
+  /// @retval (LinesIntersection's codes)  mode 4, the lines not exactly parallel but nearly
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long LineToLineDistance(ZorPoint a1, ZorPoint a2, ZorPoint b1, ZorPoint b2, int mode,
+                          double* distance, ZorPoint* pointOnA, ZorPoint* pointOnB);
+
+  /// Distance of a point from a segment, by mode: 0 from its nearest point, 1 from its farther end
+  /// (segEnd on ties), 2 from its midpoint. In mode 0 an end within 1e-5 of the point (inclusive)
+  /// is at distance 0, and segStart stands for a foot on a segment too short to project on (about
+  /// 0.003). Negative zeros of the result point are cleared. Traced, around the records of
+  /// PerpendicularProjection and PointTolineDistance where the nearest point is no end.
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate
+  /// @retval GM_E_PARAM_4  mode is not 0, 1 or 2
+  long PointToSegmentDistance(ZorPoint& point, ZorPoint& segStart, ZorPoint& segEnd, int mode,
+                              double* distance, ZorPoint* resultPoint);
+
+  /// The points of a list nearest to and farthest from a line. The maximum is sought only together
+  /// with the minimum: a call for the maximum alone reports the first point. Traced, around the
+  /// records of PointTolineDistance.
+  /// @retval GM_E_TOO_FEW_POINTS  the list is empty
+  /// @retval GM_E_DEGENERATE_LINE  the line is degenerate
+  long PointsToLineDistance(ZorPointArray& points, ZorPoint& lineStart, ZorPoint& lineEnd,
+                            ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                            double* maxDistance);
+
+  /// The points of a list nearest to and farthest from a segment, as PointToSegmentDistance
+  /// measures in mode 0. The maximum alone is found too, unlike above. Traced, around its records.
+  /// @retval GM_E_TOO_FEW_POINTS  the list is empty
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate
+  long PointsToSegmentDistance(ZorPointArray& points, ZorPoint& segStart, ZorPoint& segEnd,
+                               ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                               double* maxDistance);
+
+  /// The vertices of a closed polygon nearest to and farthest from a line. A polygon that crosses
+  /// the line has the minimum 0, at the first crossing met from the last vertex on; a vertex
+  /// exactly on the line has 0 too, but gives way to a later such vertex or crossing. Traced,
+  /// around the records of PointTolineDistance and LinesIntersection.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  /// @retval GM_E_DEGENERATE_LINE  the line is degenerate
+  /// @retval (LinesIntersection's codes)  the crossing edge is degenerate or nearly parallel
+  long PolygonToLineDistance(ZorPointArray& polygon, ZorPoint& lineStart, ZorPoint& lineEnd,
+                             ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                             double* maxDistance);
+
+  /// The point on the edges of a closed polygon nearest to a segment, by mode 0 of
+  /// LineToLineDistance with its loose test (closing edge first), and the vertex farthest from it.
+  /// Inside the polygon the distance is that of the outline. Traced, around the records of
+  /// LineToLineDistance (for the minimum) and PointsToSegmentDistance (for the maximum).
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate; or, with the minimum wanted, an edge
+  long PolygonToSegmentDistance(ZorPointArray& polygon, ZorPoint& segStart, ZorPoint& segEnd,
+                                ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                                double* maxDistance);
+
+  /// Distance of a segment from a line, by mode: 0 from its nearer end (segEnd on ties), or 0 at
+  /// the crossing when the ends lie strictly on opposite sides; 1 from its farther end (segStart on
+  /// ties). Traced, around the records of LinesIntersection at a crossing.
+  /// @retval GM_E_DEGENERATE_LINE  the line or the segment is degenerate
+  /// @retval GM_E_PARAM_5  mode is not 0 or 1
+  /// @retval (LinesIntersection's codes)  crossing and line are nearly parallel
+  long SegmentToLineDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& lineStart,
+                             ZorPoint& lineEnd, int mode, ZorPoint* resultPoint, double* distance);
+
+  /// Signed distance of a point from the outline of a closed polygon: negative inside, times the
+  /// code of PointToPolygonPosRelation, so that a point which that relation finds on the outline
+  /// (within 1e-5 along its scan line) reports 0. The nearest point of the outline is written all
+  /// the same; edges in the order of the closing edge, then from vertex 0 on. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  long PointToPolygonDistance(ZorPoint& point, ZorPointArray& polygon, double* distance,
+                              ZorPoint* nearestPoint);
+
+  /// Inert: returns GM_OK and leaves its outputs as they are. Not traced.
+  long LineSegmentToPolygonDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPointArray& polygon,
+                                    double* minDistance, ZorPoint* minPointOnSegment,
+                                    ZorPoint* minPointOnPolygon, double* maxDistance,
+                                    ZorPoint* maxPointOnSegment, ZorPoint* maxPointOnPolygon);
 
   // ==== Distances of contours and point sets ====================================================
 

@@ -93,6 +93,27 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// Forwards to PointTolineDistance.
   long PointToLineDistance(ZorPoint& point, ZorPoint& lineStart, ZorPoint& lineEnd,
                            double* distance);
+  /// Forwards to the form with the two points.
+  long LineToLineDistance(ZorPoint& a1, ZorPoint& a2, ZorPoint& b1, ZorPoint& b2, int mode,
+                          double* distance, ZorPoint* pointOnA, ZorPoint* pointOnB);
+  long PointToSegmentDistance(ZorPoint& point, ZorPoint& segStart, ZorPoint& segEnd, int mode,
+                              double* distance, ZorPoint* resultPoint);
+  long PointsToLineDistance(ZorPointArray& points, ZorPoint& lineStart, ZorPoint& lineEnd,
+                            ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                            double* maxDistance);
+  long PointsToSegmentDistance(ZorPointArray& points, ZorPoint& segStart, ZorPoint& segEnd,
+                               ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                               double* maxDistance);
+  long PolygonToLineDistance(ZorPointArray& polygon, ZorPoint& lineStart, ZorPoint& lineEnd,
+                             ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                             double* maxDistance);
+  long PolygonToSegmentDistance(ZorPointArray& polygon, ZorPoint& segStart, ZorPoint& segEnd,
+                                ZorPoint* minPoint, double* minDistance, ZorPoint* maxPoint,
+                                double* maxDistance);
+  long SegmentToLineDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& lineStart,
+                             ZorPoint& lineEnd, int mode, ZorPoint* resultPoint, double* distance);
+  /// Forwards without the nearest point.
+  long PointToPolygonDistance(ZorPoint& point, ZorPointArray& polygon, double* distance);
 
   // ==== Distances of contours and point sets ====================================================
 

@@ -111,6 +111,64 @@ long ZorGeometryMeasureDlg::PointToLineDistance(ZorPoint& point, ZorPoint& lineS
   return ZorGeometryMeasure().PointTolineDistance(point, lineStart, lineEnd, distance);
 }
 
+long ZorGeometryMeasureDlg::LineToLineDistance(ZorPoint& a1, ZorPoint& a2, ZorPoint& b1,
+                                               ZorPoint& b2, int mode, double* distance,
+                                               ZorPoint* pointOnA, ZorPoint* pointOnB) {
+  return ZorGeometryMeasure().LineToLineDistance(a1, a2, b1, b2, mode, distance, pointOnA,
+                                                 pointOnB);
+}
+
+long ZorGeometryMeasureDlg::PointToSegmentDistance(ZorPoint& point, ZorPoint& segStart,
+                                                   ZorPoint& segEnd, int mode, double* distance,
+                                                   ZorPoint* resultPoint) {
+  return ZorGeometryMeasure().PointToSegmentDistance(point, segStart, segEnd, mode, distance,
+                                                     resultPoint);
+}
+
+long ZorGeometryMeasureDlg::PointsToLineDistance(ZorPointArray& points, ZorPoint& lineStart,
+                                                 ZorPoint& lineEnd, ZorPoint* minPoint,
+                                                 double* minDistance, ZorPoint* maxPoint,
+                                                 double* maxDistance) {
+  return ZorGeometryMeasure().PointsToLineDistance(points, lineStart, lineEnd, minPoint,
+                                                   minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PointsToSegmentDistance(ZorPointArray& points, ZorPoint& segStart,
+                                                    ZorPoint& segEnd, ZorPoint* minPoint,
+                                                    double* minDistance, ZorPoint* maxPoint,
+                                                    double* maxDistance) {
+  return ZorGeometryMeasure().PointsToSegmentDistance(points, segStart, segEnd, minPoint,
+                                                      minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PolygonToLineDistance(ZorPointArray& polygon, ZorPoint& lineStart,
+                                                  ZorPoint& lineEnd, ZorPoint* minPoint,
+                                                  double* minDistance, ZorPoint* maxPoint,
+                                                  double* maxDistance) {
+  return ZorGeometryMeasure().PolygonToLineDistance(polygon, lineStart, lineEnd, minPoint,
+                                                    minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PolygonToSegmentDistance(ZorPointArray& polygon, ZorPoint& segStart,
+                                                     ZorPoint& segEnd, ZorPoint* minPoint,
+                                                     double* minDistance, ZorPoint* maxPoint,
+                                                     double* maxDistance) {
+  return ZorGeometryMeasure().PolygonToSegmentDistance(polygon, segStart, segEnd, minPoint,
+                                                       minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::SegmentToLineDistance(ZorPoint& segStart, ZorPoint& segEnd,
+                                                  ZorPoint& lineStart, ZorPoint& lineEnd, int mode,
+                                                  ZorPoint* resultPoint, double* distance) {
+  return ZorGeometryMeasure().SegmentToLineDistance(segStart, segEnd, lineStart, lineEnd, mode,
+                                                    resultPoint, distance);
+}
+
+long ZorGeometryMeasureDlg::PointToPolygonDistance(ZorPoint& point, ZorPointArray& polygon,
+                                                   double* distance) {
+  return ZorGeometryMeasure().PointToPolygonDistance(point, polygon, distance, nullptr);
+}
+
 // ==== Distances of contours and point sets ======================================================
 
 // ==== Distances of circles, ellipses and rectangles =============================================

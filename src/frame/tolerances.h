@@ -14,6 +14,8 @@ inline constexpr double kParallelCross = 1e-5;
 
 /// Points at most this far apart (inclusive) coincide.
 inline constexpr double kCoincident = 1e-5;
+/// The largest number whose rounded square root is at most kCoincident.
+inline constexpr double kCoincidentSquared = 0x1.b7cdfd9d7bdbdp-34;
 
 // Deliberate: the ten-digit pi of every conversion between degrees and radians; results of hosts
 // rest on it. Where an operation uses the full value it takes std::numbers::pi.

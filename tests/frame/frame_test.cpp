@@ -33,11 +33,12 @@ TEST(Checks, BoundsAreInclusiveAsDocumentedAndLetNaNPass) {
   EXPECT_EQ(InvalidArgument(8), GM_E_PARAM_8);
 }
 
-TEST(Checks, DegenerateSquaredIsTheRootTestToTheLastBit) {
-  using zor::frame::kDegenerateLength;
-  using zor::frame::kDegenerateSquared;
+TEST(Checks, SquaredBoundsAreTheRootTestsToTheLastBit) {
+  using namespace zor::frame;  // NOLINT: the bounds under test
   EXPECT_LE(std::sqrt(kDegenerateSquared), kDegenerateLength);
   EXPECT_GT(std::sqrt(std::nextafter(kDegenerateSquared, 1.0)), kDegenerateLength);
+  EXPECT_LE(std::sqrt(kCoincidentSquared), kCoincident);
+  EXPECT_GT(std::sqrt(std::nextafter(kCoincidentSquared, 1.0)), kCoincident);
 }
 
 TEST(Trace, ExceptionAndFailureLeaveOnlyTheStart) {
