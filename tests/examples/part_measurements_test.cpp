@@ -1,0 +1,73 @@
+#include "part_measurements.h"
+
+#include <map>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "part_finder.h"
+#include "rendered_shape.h"
+
+namespace examples_test {
+namespace {
+
+using inspect::FindParts;
+using inspect::Part;
+
+bool InBox(double x, double y) { return x > 20.25 && x < 100.75 && y > 30.5 && y < 80.25; }
+bool InDisc(double x, double y) {
+  return cv::norm(cv::Point2d(x, y) - cv::Point2d(150, 60)) < 28.0;
+}
+bool InHole(double x, double y) { return x > 40 && x < 80.5 && y > 42 && y < 70; }
+
+std::map<std::string, double> Measured(const cv::Mat& picture, const Part& part) {
+  std::map<std::string, double> values;
+  for (const inspect::Row& row : inspect::MeasurePart(picture, part, "Part")) {
+    EXPECT_TRUE(inspect::IsGood(row)) << row.name << ": " << inspect::Verdict(row);
+    values[row.name] = row.measured;
+  }
+  return values;
+}
+
+TEST(Parts, BrightAndDarkOnesAreFoundAndSpecksAreNot) {
+  cv::Mat picture = Rendered({200, 120}, InBox, 230, 120);
+  picture.setTo(15, Rendered({200, 120}, InDisc) > 120);
+  picture(cv::Rect(120, 100, 4, 4)).setTo(0);
+  std::vector<Part> parts = FindParts(picture);
+  ASSERT_EQ(parts.size(), 2U);
+  EXPECT_FALSE(parts[0].cut);
+  EXPECT_NEAR(parts[0].area, 80.5 * 49.75, 0.05 * 4000);
+
+  parts = FindParts(picture.colRange(0, 160));
+  ASSERT_EQ(parts.size(), 2U);
+  EXPECT_TRUE(parts[1].cut);
+  EXPECT_TRUE(FindParts(cv::Mat(50, 50, CV_8U, cv::Scalar(90))).empty());
+}
+
+TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
+  const cv::Mat picture = Rendered({200, 120}, [](double x, double y) {
+    return (InBox(x, y) && !InHole(x, y)) || InDisc(x, y);
+  });
+  const std::vector<Part> parts = FindParts(picture);
+  ASSERT_EQ(parts.size(), 2U);
+  ASSERT_EQ(parts[0].holes.size(), 1U);
+  const auto box = Measured(picture, parts[0]);
+  // Extent and middle, two distances, four lengths, angles and directions, for box and hole each.
+  EXPECT_EQ(box.size(), 2 * (4 + 2 + 3 * 4));
+  const double wide = 80.5, high = 49.75;
+  const double first = box.at("side 1, length");
+  EXPECT_NEAR(first, std::abs(first - wide) < 5 ? wide : high, 0.1);
+  EXPECT_NEAR(box.at("side 1 - 3, distance") * box.at("side 2 - 4, distance"), wide * high, 5);
+  EXPECT_NEAR(box.at("side 1 / 2, angle"), 90, 0.2);
+  EXPECT_NEAR(box.at("hole 1, side 1 - 3, distance") * box.at("hole 1, side 2 - 4, distance"),
+              40.5 * 28, 5);
+
+  const auto disc = Measured(picture, parts[1]);
+  EXPECT_EQ(disc.size(), 4U) << "no sides";
+  EXPECT_NEAR(disc.at("width"), 56, 0.2);
+  EXPECT_NEAR(disc.at("middle, x"), 150, 0.1);
+  EXPECT_NEAR(disc.at("middle, y"), 60, 0.1);
+}
+
+}  // namespace
+}  // namespace examples_test
