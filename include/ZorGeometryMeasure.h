@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "ZorStatus.h"
 #include "zorgeometrymeasure_export.h"
 #include <ZorData.h>
@@ -395,6 +397,13 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   // ==== Distances of circles, ellipses and rectangles ===========================================
 
+  /// Distance of a point to a circle, negative inside, and the nearest point of the circle: the one
+  /// below the centre on the screen for a point within 1e-5 (inclusive) of the centre, at distance
+  /// -radius. Traced, around a nested "PointToPointDistance".
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius, double* distance,
+                             ZorPoint* nearestPoint);
+
   // ==== Intersections of lines and segments =====================================================
   // Lines are given by two points on them, segments by their ends, which belong to them.
   // Degenerate: the two points lie within 0.0005 of each other, inclusive.
@@ -416,6 +425,94 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// itself (a nested "LinesIntersection" is).
   bool LineSegmentToLineIntersection(ZorPoint& s1, ZorPoint& s2, ZorPoint& l1, ZorPoint& l2,
                                      ZorPoint* point, bool* unused);
+
+  // Finding no point is GM_OK with an empty list. Ovals have semi-axes a and b, rectangles a width
+  // and a height along axes that are turned by `angle` degrees counter-clockwise on the screen.
+
+  /// Replaces `points` by the crossings of a line with a circle. Vertical (p1.x == p2.x exactly):
+  /// larger y first; otherwise larger x first. A line whose distance from the centre is within 1e-6
+  /// (inclusive) of the radius touches: one point. On failure `points` is emptied. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  /// @retval GM_E_PARAM_4  radius <= 0
+  long LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double radius,
+                              ZorPointArray* points);
+
+  /// Replaces `points` by the crossings of a line with an oval. For a < b the axes are swapped and
+  /// the angle raised by 90; the order is that along the first axis of this frame, larger first, or
+  /// along its second axis for a line parallel to that. Touching within 1e-5 (inclusive) of the
+  /// normalised discriminant gives one point, with a coordinate that is not a number where the line
+  /// is parallel to the second axis and just misses the oval. The formulas work in image
+  /// coordinates: far from the origin, small ovals lose digits. Traced, around a nested
+  /// "PerpendicularProjection".
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  /// @retval GM_E_PARAM_4  a <= 0
+  /// @retval GM_E_PARAM_5  b <= 0
+  /// @retval GM_E_PARAM_6  angle outside [0, 360]
+  long LineOvalIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double a, double b,
+                            double angle, ZorPointArray* points);
+
+  /// Replaces `points` by the crossings of a line with a rectangle's edges: from corner 3 to corner
+  /// 0 (see RectAngularToPolygon), then 0 to 1, 1 to 2, 2 to 3, as LineSegmentToLineIntersection
+  /// finds them. A hit within 1e-5 (inclusive) of the one kept before it is dropped, so is the last
+  /// when it is that close to the first: a corner counts once. An edge along the line has no hit of
+  /// its own, and a line between 1e-5 and 0.0005 long none at all. Traced, around nested records of
+  /// LinesIntersection unless `points` is null.
+  /// @retval GM_E_DEGENERATE_LINE  p1 and p2 lie within 1e-5 (inclusive) of each other
+  /// @retval GM_E_PARAM_4  width <= 0
+  /// @retval GM_E_PARAM_5  height <= 0
+  /// @retval GM_E_PARAM_6  angle outside [0, 360]
+  long LineRectangularIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double width,
+                                   double height, double angle, ZorPointArray* points);
+
+  /// Replaces `points` by the crossings of segment p1p2 with a circle, in the order of
+  /// LineCircleIntersection. A segment whose ends differ by less than 1e-6 in x is taken as
+  /// vertical at p1.x, larger y first, and its length and the radius are not checked. On failure
+  /// `points` is emptied. Traced, around a nested "LineCircleIntersection" unless vertical.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  /// @retval GM_E_PARAM_4  radius <= 0
+  long LineSegmentCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double radius,
+                                     ZorPointArray* points);
+
+  /// Replaces `points` by the crossings of segment p1p2 with an oval, in the order of
+  /// LineOvalIntersection, whose codes it passes on. On failure `points` is emptied. Traced, around
+  /// a nested "LineOvalIntersection".
+  long LineSegmentOvalIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double a, double b,
+                                   double angle, ZorPointArray* points);
+
+  /// Replaces `points` by the crossings of segment p1p2 with a polygon's edges, as
+  /// LineSegmentsIntersection finds them: the closing edge (last vertex to first) first, then the
+  /// edges in order. A segment through a vertex meets it once on each of its edges. Linear, about
+  /// 2 ns an edge. Not traced itself (nested "LinesIntersection" are).
+  /// @retval GM_E_PARAM_3  fewer than 3 vertices; `points` stays as it is
+  long LineSegmentPolygonIntersection(ZorPoint& p1, ZorPoint& p2, ZorPointArray& polygon,
+                                      ZorPointArray* points);
+
+  /// Appends to `points` the crossings of line p1p2 with the segments of an open contour, in its
+  /// order: those of the lines, where they lie in the segment's bounding box to the last bit. A
+  /// point that equals one in the list bit by bit, also one that the caller left there, is not
+  /// appended again. Segments at most 0.0005 long, or parallel to the line by LinesIntersection's
+  /// test, have no crossing. Traced, around nested records of LinesIntersection.
+  /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_INTERSECTION_FAILED  an exception while reading or appending
+  long LineContourIntersection(ZorPoint& p1, ZorPoint& p2, ZorContour& contour,
+                               ZorPointArray* points);
+  /// The same, without a record of its own; for each point appended also the start and the end of
+  /// its segment, and the indices of both (two entries a point). All lists are appended to, any may
+  /// be null; without `points` a point counts as repeated when this call found it before. The last
+  /// vector is neither read nor written.
+  long LineContourIntersection(ZorPoint& p1, ZorPoint& p2, ZorContour& contour,
+                               ZorPointArray* points, std::vector<ZorPoint>* segmentStarts,
+                               std::vector<ZorPoint>* segmentEnds, std::vector<int>* segmentIndices,
+                               std::vector<int>* unused);
+
+  /// Replaces `points` by the points where the tangents from a point touch a circle, the one
+  /// counter-clockwise of the point (as seen from the centre, on the screen) first; by the point
+  /// itself when it lies exactly on the circle, by none when it lies inside. Traced, around a
+  /// nested "PointToCircleDistance".
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long TangentFromPointToCircle(ZorPoint& point, ZorPoint& centre, double radius,
+                                ZorPointArray* points);
 
   // ==== Intersections of shapes =================================================================
   // Two closed figures: the points where their outlines cross and the area that they share. Either

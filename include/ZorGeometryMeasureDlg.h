@@ -119,7 +119,25 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Distances of circles, ellipses and rectangles ===========================================
 
+  long PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius, double* distance,
+                             ZorPoint* nearestPoint);
+
   // ==== Intersections of lines and segments =====================================================
+
+  long LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double radius,
+                              ZorPointArray* points);
+  long LineOvalIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double a, double b,
+                            double angle, ZorPointArray* points);
+  long LineRectangularIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double width,
+                                   double height, double angle, ZorPointArray* points);
+  long LineSegmentCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double radius,
+                                     ZorPointArray* points);
+  long LineSegmentOvalIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double a, double b,
+                                   double angle, ZorPointArray* points);
+  long LineContourIntersection(ZorPoint& p1, ZorPoint& p2, ZorContour& contour,
+                               ZorPointArray* points);
+  long TangentFromPointToCircle(ZorPoint& point, ZorPoint& centre, double radius,
+                                ZorPointArray* points);
 
   // ==== Intersections of shapes =================================================================
 

@@ -173,7 +173,53 @@ long ZorGeometryMeasureDlg::PointToPolygonDistance(ZorPoint& point, ZorPointArra
 
 // ==== Distances of circles, ellipses and rectangles =============================================
 
+long ZorGeometryMeasureDlg::PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius,
+                                                  double* distance, ZorPoint* nearestPoint) {
+  return ZorGeometryMeasure().PointToCircleDistance(point, centre, radius, distance, nearestPoint);
+}
+
 // ==== Intersections of lines and segments =======================================================
+
+long ZorGeometryMeasureDlg::LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre,
+                                                   double radius, ZorPointArray* points) {
+  return ZorGeometryMeasure().LineCircleIntersection(p1, p2, centre, radius, points);
+}
+
+long ZorGeometryMeasureDlg::LineOvalIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre,
+                                                 double a, double b, double angle,
+                                                 ZorPointArray* points) {
+  return ZorGeometryMeasure().LineOvalIntersection(p1, p2, centre, a, b, angle, points);
+}
+
+long ZorGeometryMeasureDlg::LineRectangularIntersection(ZorPoint& p1, ZorPoint& p2,
+                                                        ZorPoint& centre, double width,
+                                                        double height, double angle,
+                                                        ZorPointArray* points) {
+  return ZorGeometryMeasure().LineRectangularIntersection(p1, p2, centre, width, height, angle,
+                                                          points);
+}
+
+long ZorGeometryMeasureDlg::LineSegmentCircleIntersection(ZorPoint& p1, ZorPoint& p2,
+                                                          ZorPoint& centre, double radius,
+                                                          ZorPointArray* points) {
+  return ZorGeometryMeasure().LineSegmentCircleIntersection(p1, p2, centre, radius, points);
+}
+
+long ZorGeometryMeasureDlg::LineSegmentOvalIntersection(ZorPoint& p1, ZorPoint& p2,
+                                                        ZorPoint& centre, double a, double b,
+                                                        double angle, ZorPointArray* points) {
+  return ZorGeometryMeasure().LineSegmentOvalIntersection(p1, p2, centre, a, b, angle, points);
+}
+
+long ZorGeometryMeasureDlg::LineContourIntersection(ZorPoint& p1, ZorPoint& p2, ZorContour& contour,
+                                                    ZorPointArray* points) {
+  return ZorGeometryMeasure().LineContourIntersection(p1, p2, contour, points);
+}
+
+long ZorGeometryMeasureDlg::TangentFromPointToCircle(ZorPoint& point, ZorPoint& centre,
+                                                     double radius, ZorPointArray* points) {
+  return ZorGeometryMeasure().TangentFromPointToCircle(point, centre, radius, points);
+}
 
 // ==== Intersections of shapes ===================================================================
 
