@@ -231,6 +231,47 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Circle and ellipse fits =================================================================
 
   // ==== Curve fits and splines ==================================================================
+  // Curves are functions of x. A fitted curve is listed as points every half unit from the x of
+  // the first to that of the last point, starting at the smaller of the two: trunc(|2 (last -
+  // first)
+  // + 1|) points, so that over d units an ascending sequence gives 2d + 1 of them and a descending
+  // one 2d - 1, which ends one step short. Coefficients and curve replace what the outputs held.
+  //
+  // A re-weighted fit makes a number of passes; between two of them every point gets the weight
+  // 1 - (e / clip)^2 for its offset e in y below the clipping distance, else 0, which enters
+  // squared. With fewer points left than coefficients it ends with the passes done.
+
+  /// Re-weighted least-squares polynomial in `iterations` passes; coefficients c0 .. cn in
+  /// ascending order of power, for n = `order`. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  order outside 0 .. 100
+  /// @retval GM_E_PARAM_3  iterations < 1
+  /// @retval GM_E_PARAM_4  clipDistance < 0
+  /// @retval GM_E_FIT_FAILED  the equations of a pass are singular, or a coefficient is not a
+  /// number
+  /// @retval GM_E_PARAM_1  a curve is wanted and would have more than 67 108 864 points
+  long LeastSqaurePolynomialFit(ZorPointArray& points, int order, int iterations,
+                                double clipDistance, ZorVarArray* coefficients,
+                                ZorPointArray* curve);
+
+  /// As LeastSqaurePolynomialFit, by least absolute offsets, at most 50 steps a pass: a pass ends
+  /// once the offsets' sum is below 1 or grows. Offsets beyond 2 enter the steps less 2 and cut to
+  /// a whole number. An offset of exactly 0 in a step makes the fit fail; singular equations give
+  /// coefficients of 0. Traced.
+  /// @retval (LeastSqaurePolynomialFit's codes)  singular equations excepted
+  long LeastAbsolutePolynomialFit(ZorPointArray& points, int order, int iterations,
+                                  double clipDistance, ZorVarArray* coefficients,
+                                  ZorPointArray* curve);
+
+  /// LeastSqaurePolynomialFit in max(intSetting, 1) passes, clipping at trunc(realSetting) (0 and
+  /// what is not a number: one pass). Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  order outside 1 .. 20
+  /// @retval GM_E_PARAM_3  intSetting outside 0 .. 99
+  /// @retval GM_E_PARAM_4  realSetting < 0
+  /// @retval (LeastSqaurePolynomialFit's codes)  as there from the fit on
+  long GenPolynomialCurve(ZorPointArray& points, int order, int intSetting, double realSetting,
+                          ZorVarArray* coefficients, ZorPointArray* curve);
 
   /// Least-squares polynomial y(x) of the order max(order, 0) by the normal equations in the raw
   /// powers of x. Replaces `coefficients`, highest power first; `curve` is not used. Unlike
@@ -278,6 +319,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_PARAM_3  the curve would have more than 67 108 864 points
   /// @retval GM_E_FIT_NO_RESULT  an exception while computing the B-spline
   long GenSplineCurve(ZorPointArray& points, int splineType, int insertCount, ZorPointArray* curve);
+
+  /// Computes nothing: draws 30 numbers from the standard rand. Always GM_OK. Not traced.
+  long FitPlane();
 
   // ==== Distances of points, lines and segments =================================================
 

@@ -83,6 +83,12 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Curve fits and splines ==================================================================
 
+  long LeastSqaurePolynomialFit(ZorPointArray& points, int order, int iterations,
+                                double clipDistance, ZorVarArray* coefficients,
+                                ZorPointArray* curve);
+  long LeastAbsolutePolynomialFit(ZorPointArray& points, int order, int iterations,
+                                  double clipDistance, ZorVarArray* coefficients,
+                                  ZorPointArray* curve);
   long FitGaussianCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
   /// Forwards to GenSplineCurve.
   long SplineCurveInterpolate(ZorPointArray& points, int splineType, int insertCount,

@@ -94,6 +94,22 @@ long ZorGeometryMeasureDlg::LeastAbsoluteLineFit(ZorPointArray& points, int iter
 
 // ==== Curve fits and splines ====================================================================
 
+long ZorGeometryMeasureDlg::LeastSqaurePolynomialFit(ZorPointArray& points, int order,
+                                                     int iterations, double clipDistance,
+                                                     ZorVarArray* coefficients,
+                                                     ZorPointArray* curve) {
+  return ZorGeometryMeasure().LeastSqaurePolynomialFit(points, order, iterations, clipDistance,
+                                                       coefficients, curve);
+}
+
+long ZorGeometryMeasureDlg::LeastAbsolutePolynomialFit(ZorPointArray& points, int order,
+                                                       int iterations, double clipDistance,
+                                                       ZorVarArray* coefficients,
+                                                       ZorPointArray* curve) {
+  return ZorGeometryMeasure().LeastAbsolutePolynomialFit(points, order, iterations, clipDistance,
+                                                         coefficients, curve);
+}
+
 long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
                                              ZorVarArray* parameters) {
   return ZorGeometryMeasure().FitGaussianCurve(points, maxIterations, parameters);

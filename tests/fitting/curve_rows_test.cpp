@@ -11,6 +11,19 @@ TEST(CurveOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorVarArray values;
   double amplitude = 0.0, mean = 0.0, variance = 0.0;
   zor::test::CheckRows({
+      {"LeastSqaurePolynomialFit", "+LeastSqaurePolynomialFit -LeastSqaurePolynomialFit",
+       [&](bool w) {
+         return m.LeastSqaurePolynomialFit(profile, 2, 2, 1, Want(w, values), Want(w, curve));
+       }},
+      {"LeastAbsolutePolynomialFit", "+LeastAbsolutePolynomialFit -LeastAbsolutePolynomialFit",
+       [&](bool w) {
+         return m.LeastAbsolutePolynomialFit(profile, 2, 2, 1, Want(w, values), Want(w, curve));
+       }},
+      {"GenPolynomialCurve", "",
+       [&](bool w) {
+         return m.GenPolynomialCurve(profile, 2, 2, 1, Want(w, values), Want(w, curve));
+       }},
+      {"FitPlane", "", [&](bool) { return m.FitPlane(); }},
       {"FitGaussianCurve, closed form", "",
        [&](bool w) {
          return m.FitGaussianCurve(profile, Want(w, amplitude), Want(w, mean), Want(w, variance));

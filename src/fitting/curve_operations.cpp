@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "ZorGeometryMeasure.h"
+#include "fitting/curve_output.h"
+#include "fitting/polynomial_kernels.h"
+#include "frame/checks.h"
+
+using zor::frame::IsMode;
+namespace fitting = zor::fitting;
+
+namespace {
+
+constexpr int kMostOrder = 20;
+constexpr unsigned kMostPasses = 99;
+
+template <typename Values>
+bool AnyNaN(const Values& values) {
+  return std::any_of(values.begin(), values.end(), [](double value) { return std::isnan(value); });
+}
+
+/// The two settings that the curve generators share, as they use them.
+struct Settings {
+  // Deliberate: clipping distances are whole numbers here. One that is not a number clips all
+  // points off, as 0 does, and none that is too large for an int clips any.
+  Settings(int int_setting, double real_setting) : passes(std::max(int_setting, 1)) {
+    const double whole = std::trunc(real_setting);
+    clip = std::isnan(whole) ? 0.0 : std::min(whole, double{std::numeric_limits<int>::max()});
+  }
+  int passes;
+  double clip;
+};
+
+}  // namespace
+
+long ZorGeometryMeasure::GenPolynomialCurve(ZorPointArray& points, int order, int intSetting,
+                                            double realSetting, ZorVarArray* coefficients,
+                                            ZorPointArray* curve) {
+  if (points.Length() < 2) return GM_E_TOO_FEW_POINTS;
+  if (order < 1 || order > kMostOrder) return GM_E_PARAM_2;
+  if (!IsMode(intSetting, kMostPasses)) return GM_E_PARAM_3;
+  if (realSetting < 0) return GM_E_PARAM_4;
+  const Settings settings(intSetting, realSetting);
+  const auto fitted =
+      fitting::FitPolynomialSquares(points.View(), order, settings.passes, settings.clip);
+  if (!fitted || AnyNaN(*fitted)) return GM_E_FIT_FAILED;
+  const auto y_at = [&](double x) { return fitting::PolynomialAt(*fitted, x); };
+  return fitting::StoreCurve(points, *fitted, y_at, coefficients, curve);
+}
