@@ -273,6 +273,37 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long GenPolynomialCurve(ZorPointArray& points, int order, int intSetting, double realSetting,
                           ZorVarArray* coefficients, ZorPointArray* curve);
 
+  /// Gaussian peak on a baseline, from the start and with the parameters of the FitGaussianCurve
+  /// that takes an iteration limit, re-weighted in max(intSetting, 1) passes with the clipping
+  /// distance trunc(realSetting) (0 and what is not a number: one pass). Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
+  /// @retval GM_E_PARAM_2  intSetting outside 0 .. 99
+  /// @retval GM_E_PARAM_3  realSetting < 0
+  /// @retval GM_E_FIT_UNBOUNDED  a parameter is infinite or the largest finite double
+  /// @retval GM_E_FIT_FAILED  a parameter is not a number
+  /// @retval GM_E_PARAM_1  a curve is wanted and would have more than 67 108 864 points
+  long GenGaussianCurve(ZorPointArray& points, int intSetting, double realSetting,
+                        ZorVarArray* coefficients, ZorPointArray* curve);
+
+  /// As GenGaussianCurve, for the sine of FitSinCurve. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
+  /// @retval GM_E_PARAM_2  intSetting outside 0 .. 99
+  /// @retval GM_E_PARAM_3  realSetting < 0
+  /// @retval GM_E_FIT_FAILED  as FitSinCurve
+  /// @retval GM_E_PARAM_1  a curve is wanted and would have more than 67 108 864 points
+  long GenSinCurve(ZorPointArray& points, int intSetting, double realSetting,
+                   ZorVarArray* coefficients, ZorPointArray* curve);
+
+  /// Sine curve by non-linear least squares: replaces `parameters` by the amplitude (>= 0), the
+  /// angular frequency (>= 0, radians a unit of x), the phase (radians, in (-pi, pi]) and the
+  /// offset of y = amplitude sin(frequency x + phase) + offset. The points need be neither sorted
+  /// nor evenly spaced; the start comes from their spectrum, so the frequency should lie below half
+  /// the mean sampling rate. At most `maxIterations` steps (0: the solver's own limit, 50). Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
+  /// @retval GM_E_PARAM_2  maxIterations < 0
+  /// @retval GM_E_FIT_FAILED  all x or all y are equal, or a coordinate or a result is not finite
+  long FitSinCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
+
   /// Least-squares polynomial y(x) of the order max(order, 0) by the normal equations in the raw
   /// powers of x. Replaces `coefficients`, highest power first; `curve` is not used. Unlike
   /// elsewhere 1 is success and 0 failure: a row of the equations holds only zeros (all x are 0, no

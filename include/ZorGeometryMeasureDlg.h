@@ -89,6 +89,12 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   long LeastAbsolutePolynomialFit(ZorPointArray& points, int order, int iterations,
                                   double clipDistance, ZorVarArray* coefficients,
                                   ZorPointArray* curve);
+  /// Forwards to GenGaussianCurve.
+  long SolveLinerEquationsGaussianFit(ZorPointArray& points, int intSetting, double realSetting,
+                                      ZorVarArray* coefficients, ZorPointArray* curve);
+  /// Forwards to GenSinCurve.
+  long SolveLinerEquationsSinFit(ZorPointArray& points, int intSetting, double realSetting,
+                                 ZorVarArray* coefficients, ZorPointArray* curve);
   long FitGaussianCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
   /// Forwards to GenSplineCurve.
   long SplineCurveInterpolate(ZorPointArray& points, int splineType, int insertCount,

@@ -1,13 +1,19 @@
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 #include "ZorGeometryMeasure.h"
 #include "fitting/curve_output.h"
+#include "fitting/gaussian_kernels.h"
 #include "fitting/polynomial_kernels.h"
+#include "fitting/sine_kernels.h"
 #include "frame/checks.h"
+#include "frame/trace.h"
 
+using zor::fitting::CurveParameters;
 using zor::frame::IsMode;
+using zor::frame::Trace;
 namespace fitting = zor::fitting;
 
 namespace {
@@ -32,6 +38,14 @@ struct Settings {
   double clip;
 };
 
+long CheckSettings(const ZorPointArray& points, std::size_t fewest, int int_setting,
+                   double real_setting) {
+  if (points.View().size() < fewest) return GM_E_TOO_FEW_POINTS;
+  if (!IsMode(int_setting, kMostPasses)) return GM_E_PARAM_2;
+  if (real_setting < 0) return GM_E_PARAM_3;
+  return GM_OK;
+}
+
 }  // namespace
 
 long ZorGeometryMeasure::GenPolynomialCurve(ZorPointArray& points, int order, int intSetting,
@@ -47,4 +61,32 @@ long ZorGeometryMeasure::GenPolynomialCurve(ZorPointArray& points, int order, in
   if (!fitted || AnyNaN(*fitted)) return GM_E_FIT_FAILED;
   const auto y_at = [&](double x) { return fitting::PolynomialAt(*fitted, x); };
   return fitting::StoreCurve(points, *fitted, y_at, coefficients, curve);
+}
+
+long ZorGeometryMeasure::GenGaussianCurve(ZorPointArray& points, int intSetting, double realSetting,
+                                          ZorVarArray* coefficients, ZorPointArray* curve) {
+  Trace trace("GenGaussianCurve");
+  long status = CheckSettings(points, fitting::kMinGaussianPoints, intSetting, realSetting);
+  if (status != GM_OK) return status;
+  const Settings settings(intSetting, realSetting);
+  const CurveParameters fitted =
+      fitting::FitGaussian(points.View(), settings.passes, settings.clip);
+  if (std::any_of(fitted.begin(), fitted.end(), fitting::IsBeyondRange)) return GM_E_FIT_UNBOUNDED;
+  if (AnyNaN(fitted)) return GM_E_FIT_FAILED;
+  const auto y_at = [&](double x) { return fitting::GaussianAt(fitted, x); };
+  status = fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
+  return status == GM_OK ? trace.Done() : status;
+}
+
+long ZorGeometryMeasure::GenSinCurve(ZorPointArray& points, int intSetting, double realSetting,
+                                     ZorVarArray* coefficients, ZorPointArray* curve) {
+  Trace trace("GenSinCurve");
+  long status = CheckSettings(points, fitting::kMinSinePoints, intSetting, realSetting);
+  if (status != GM_OK) return status;
+  const Settings settings(intSetting, realSetting);
+  const auto fitted = fitting::FitSine(points.View(), settings.passes, settings.clip, 0);
+  if (!fitted) return GM_E_FIT_FAILED;
+  const auto y_at = [&](double x) { return fitting::SineAt(*fitted, x); };
+  status = fitting::StoreCurve(points, *fitted, y_at, coefficients, curve);
+  return status == GM_OK ? trace.Done() : status;
 }

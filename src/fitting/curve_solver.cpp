@@ -56,6 +56,21 @@ class GaussianResidual {
   mutable double exponential_ = 1.0;
 };
 
+class SineResidual {
+ public:
+  explicit SineResidual(const ZorPoint& p) : x_(p.x), y_(p.y) {}
+
+  template <typename T>
+  [[nodiscard]] T At(const T* parameters) const {
+    using std::sin;  // or the solver's, for derivatives
+    return y_ - (parameters[0] * sin(parameters[1] * x_ + parameters[2]) + parameters[3]);
+  }
+
+ private:
+  double x_;
+  double y_;
+};
+
 template <typename Residual>
 class Weighted {
  public:
@@ -160,6 +175,11 @@ CurveParameters Refine(std::span<const ZorPoint> points, std::span<const double>
 CurveParameters RefineGaussian(std::span<const ZorPoint> points, std::span<const double> weights,
                                const CurveParameters& start, const SolverSettings& settings) {
   return Refine<GaussianResidual>(points, weights, start, settings);
+}
+
+CurveParameters RefineSine(std::span<const ZorPoint> points, std::span<const double> weights,
+                           const CurveParameters& start, const SolverSettings& settings) {
+  return Refine<SineResidual>(points, weights, start, settings);
 }
 
 }  // namespace zor::fitting

@@ -24,5 +24,10 @@ struct SolverSettings {
                                              std::span<const double> weights,
                                              const CurveParameters& start,
                                              const SolverSettings& settings);
+/// The sine: amplitude, frequency, phase, offset (sine_kernels.h).
+[[nodiscard]] CurveParameters RefineSine(std::span<const ZorPoint> points,
+                                         std::span<const double> weights,
+                                         const CurveParameters& start,
+                                         const SolverSettings& settings);
 
 }  // namespace zor::fitting

@@ -1,18 +1,19 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <span>
 
 #include "ZorPoint.h"
+#include "fitting/curve_solver.h"
 
 namespace zor::fitting {
 
-/// Peak height, peak position, spread, baseline of
-/// y = height exp(-(x - position)^2 / (2 spread)) + baseline; the spread is thus a variance.
-using GaussianParameters = std::array<double, 4>;
+// Gaussian curves y = height exp(-(x - position)^2 / (2 spread)) + baseline; CurveParameters in
+// that order. The spread is thus a variance.
 
 inline constexpr std::size_t kMinGaussianPoints = 4;
+
+[[nodiscard]] double GaussianAt(const CurveParameters& gaussian, double x);
 
 /// A peak without a baseline: y = amplitude exp(-(x - mean)^2 / (2 variance)).
 struct GaussianPeak {
@@ -29,7 +30,12 @@ struct GaussianPeak {
 
 /// Where the solver starts: the largest y, the x of its first occurrence, the extent in x (although
 /// it acts as a variance), the smallest y. Precondition: a point.
-[[nodiscard]] GaussianParameters GaussianStart(std::span<const ZorPoint> points);
+[[nodiscard]] CurveParameters GaussianStart(std::span<const ZorPoint> points);
+
+/// The curve through the points by the solver from GaussianStart on, in `passes` re-weighted passes
+/// (curve_passes.h) and one thread. Precondition: a point.
+[[nodiscard]] CurveParameters FitGaussian(std::span<const ZorPoint> points, int passes,
+                                          double clip);
 
 /// Threads of the solver: 1 below 100 points, else the setting, or one a processor when that is
 /// below 1.

@@ -110,6 +110,20 @@ long ZorGeometryMeasureDlg::LeastAbsolutePolynomialFit(ZorPointArray& points, in
                                                          coefficients, curve);
 }
 
+long ZorGeometryMeasureDlg::SolveLinerEquationsGaussianFit(ZorPointArray& points, int intSetting,
+                                                           double realSetting,
+                                                           ZorVarArray* coefficients,
+                                                           ZorPointArray* curve) {
+  return ZorGeometryMeasure().GenGaussianCurve(points, intSetting, realSetting, coefficients,
+                                               curve);
+}
+
+long ZorGeometryMeasureDlg::SolveLinerEquationsSinFit(ZorPointArray& points, int intSetting,
+                                                      double realSetting, ZorVarArray* coefficients,
+                                                      ZorPointArray* curve) {
+  return ZorGeometryMeasure().GenSinCurve(points, intSetting, realSetting, coefficients, curve);
+}
+
 long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
                                              ZorVarArray* parameters) {
   return ZorGeometryMeasure().FitGaussianCurve(points, maxIterations, parameters);

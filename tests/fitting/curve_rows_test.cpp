@@ -23,6 +23,12 @@ TEST(CurveOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        [&](bool w) {
          return m.GenPolynomialCurve(profile, 2, 2, 1, Want(w, values), Want(w, curve));
        }},
+      {"GenGaussianCurve", "+GenGaussianCurve -GenGaussianCurve",
+       [&](bool w) { return m.GenGaussianCurve(profile, 2, 1, Want(w, values), Want(w, curve)); }},
+      {"GenSinCurve", "+GenSinCurve -GenSinCurve",
+       [&](bool w) { return m.GenSinCurve(profile, 2, 1, Want(w, values), Want(w, curve)); }},
+      {"FitSinCurve", "+FitSinCurve -FitSinCurve",
+       [&](bool w) { return m.FitSinCurve(profile, 0, Want(w, values)); }},
       {"FitPlane", "", [&](bool) { return m.FitPlane(); }},
       {"FitGaussianCurve, closed form", "",
        [&](bool w) {
