@@ -304,6 +304,15 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_FIT_FAILED  all x or all y are equal, or a coordinate or a result is not finite
   long FitSinCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
 
+  /// Least-squares polynomial y(x) of the given order over all points; coefficients from the
+  /// highest power down to the constant. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  no point, or not more points than the order
+  /// @retval GM_E_PARAM_2  order outside 1 .. 20
+  /// @retval GM_E_FIT_FAILED  not more different x than the order, or results that are not finite
+  long FitCurve(ZorPointArray& points, int order, ZorVarArray* coefficients);
+  /// FitCurve with x and y exchanged: x as a polynomial in y. Not traced.
+  long FitCurveInv(ZorPointArray& points, int order, ZorVarArray* coefficients);
+
   /// Least-squares polynomial y(x) of the order max(order, 0) by the normal equations in the raw
   /// powers of x. Replaces `coefficients`, highest power first; `curve` is not used. Unlike
   /// elsewhere 1 is success and 0 failure: a row of the equations holds only zeros (all x are 0, no
@@ -350,6 +359,23 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_PARAM_3  the curve would have more than 67 108 864 points
   /// @retval GM_E_FIT_NO_RESULT  an exception while computing the B-spline
   long GenSplineCurve(ZorPointArray& points, int splineType, int insertCount, ZorPointArray* curve);
+
+  /// Unit normals of an open sequence of points, one a point: the direction of travel turned by a
+  /// quarter turn from +x towards +y (to the right of it on the screen). Each is that of the
+  /// parabola approximating the point and its `neighbours` nearest on either side, as far as there
+  /// are any; where these do not determine a parabola, that of DiscretePoint2DNormal. Replaces
+  /// `normals`. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  neighbours outside 1 .. 100
+  /// @retval GM_E_PARAM_1  all points are equal
+  long Point2DNormal(ZorPointArray& points, int neighbours, ZorPointArray* normals);
+
+  /// As Point2DNormal, each normal that of the chord between the two neighbouring points, at the
+  /// ends of the sequence of the first or last segment. Neighbours equal to the point are passed
+  /// over. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_1  all points are equal
+  long DiscretePoint2DNormal(ZorPointArray& points, ZorPointArray* normals);
 
   /// Computes nothing: draws 30 numbers from the standard rand. Always GM_OK. Not traced.
   long FitPlane();

@@ -95,6 +95,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// Forwards to GenSinCurve.
   long SolveLinerEquationsSinFit(ZorPointArray& points, int intSetting, double realSetting,
                                  ZorVarArray* coefficients, ZorPointArray* curve);
+  long Point2DNormal(ZorPointArray& points, int neighbours, ZorPointArray* normals);
+  long DiscretePoint2DNormal(ZorPointArray& points, ZorPointArray* normals);
   long FitGaussianCurve(ZorPointArray& points, int maxIterations, ZorVarArray* parameters);
   /// Forwards to GenSplineCurve.
   long SplineCurveInterpolate(ZorPointArray& points, int splineType, int insertCount,

@@ -124,6 +124,15 @@ long ZorGeometryMeasureDlg::SolveLinerEquationsSinFit(ZorPointArray& points, int
   return ZorGeometryMeasure().GenSinCurve(points, intSetting, realSetting, coefficients, curve);
 }
 
+long ZorGeometryMeasureDlg::Point2DNormal(ZorPointArray& points, int neighbours,
+                                          ZorPointArray* normals) {
+  return ZorGeometryMeasure().Point2DNormal(points, neighbours, normals);
+}
+
+long ZorGeometryMeasureDlg::DiscretePoint2DNormal(ZorPointArray& points, ZorPointArray* normals) {
+  return ZorGeometryMeasure().DiscretePoint2DNormal(points, normals);
+}
+
 long ZorGeometryMeasureDlg::FitGaussianCurve(ZorPointArray& points, int maxIterations,
                                              ZorVarArray* parameters) {
   return ZorGeometryMeasure().FitGaussianCurve(points, maxIterations, parameters);

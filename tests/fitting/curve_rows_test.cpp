@@ -29,6 +29,12 @@ TEST(CurveOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        [&](bool w) { return m.GenSinCurve(profile, 2, 1, Want(w, values), Want(w, curve)); }},
       {"FitSinCurve", "+FitSinCurve -FitSinCurve",
        [&](bool w) { return m.FitSinCurve(profile, 0, Want(w, values)); }},
+      {"FitCurve", "", [&](bool w) { return m.FitCurve(profile, 2, Want(w, values)); }},
+      {"FitCurveInv", "", [&](bool w) { return m.FitCurveInv(profile, 1, Want(w, values)); }},
+      {"Point2DNormal", "+Point2DNormal -Point2DNormal",
+       [&](bool w) { return m.Point2DNormal(profile, 2, Want(w, curve)); }},
+      {"DiscretePoint2DNormal", "+DiscretePoint2DNormal -DiscretePoint2DNormal",
+       [&](bool w) { return m.DiscretePoint2DNormal(profile, Want(w, curve)); }},
       {"FitPlane", "", [&](bool) { return m.FitPlane(); }},
       {"FitGaussianCurve, closed form", "",
        [&](bool w) {

@@ -153,3 +153,50 @@ TEST(CurveGenerators, CheckTheirArgumentsInOrder) {
     EXPECT_EQ(m.GenSinCurve(points, c.passes, c.clip, nullptr, &curve), c.sine);
   }
 }
+
+TEST(FitCurve, KeepsItsDigitsFarFromTheOriginInEitherDirection) {
+  ZorGeometryMeasure m;
+  ZorPointArray along, up;
+  const auto y_at = [](double x) { return 0.013 * (x - 3990) * (x - 3990) - 0.8 * (x - 3990) + 7; };
+  for (int i = 0; i < 11; ++i) {
+    along.Append({3995.0 + i, y_at(3995 + i)});
+    up.Append({y_at(3995 + i), 3995.0 + i});
+  }
+  ZorVarArray c = {7.0}, inverse;
+  ASSERT_EQ(m.FitCurve(along, 2, &c), GM_OK);
+  ASSERT_EQ(m.FitCurveInv(up, 2, &inverse), GM_OK);
+  EXPECT_EQ(c, inverse);
+  ASSERT_EQ(c.Length(), 3);
+  EXPECT_NEAR(c[0].D(), 0.013, 1e-13);
+  for (const ZorPoint& p : along) {
+    EXPECT_NEAR((c[0].D() * p.x + c[1].D()) * p.x + c[2].D(), p.y, 1e-8);
+    EXPECT_NEAR(2 * c[0].D() * p.x + c[1].D(), 0.026 * (p.x - 3990) - 0.8, 1e-10);
+  }
+}
+
+TEST(FitCurve, NeedsMoreDifferentCoordinatesThanTheOrder) {
+  ZorPointArray many;
+  for (int i = 0; i < 40; ++i) many.Append({i * 0.1, std::sin(i * 0.1)});
+  struct Case {
+    const char* what;
+    ZorPointArray points;
+    int order;
+    long status;
+  };
+  for (const Case& c :
+       {Case{"no point", {}, -1, GM_E_TOO_FEW_POINTS},
+        {"as many as the order", {{0, 0}, {1, 1}}, 2, GM_E_TOO_FEW_POINTS},
+        {"order 0", many, 0, GM_E_PARAM_2},
+        {"order above", many, 21, GM_E_PARAM_2},
+        {"largest order", many, 20, GM_OK},
+        {"one more", {{0, 0}, {1, 1}, {2, 5}}, 2, GM_OK},
+        {"an x twice", {{0, 0}, {1, 1}, {1, 5}}, 2, GM_E_FIT_FAILED},
+        {"infinite", {{0, 0}, {kInfinity, 1}, {2, 5}}, 2, GM_E_FIT_FAILED},
+        {"extent overflows", {{-1e308, 0}, {0, 1}, {1e308, 5}}, 2, GM_E_FIT_FAILED}}) {
+    SCOPED_TRACE(c.what);
+    ZorPointArray points = c.points;
+    ZorVarArray coefficients = {7.0};
+    EXPECT_EQ(ZorGeometryMeasure().FitCurve(points, c.order, &coefficients), c.status);
+    EXPECT_EQ(coefficients == ZorVarArray({7.0}), c.status != GM_OK);
+  }
+}
