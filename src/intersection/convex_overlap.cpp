@@ -1,0 +1,193 @@
+#include "intersection/convex_overlap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "elementary/point_kernels.h"
+
+namespace zor::intersection {
+namespace {
+
+using elementary::Cross;
+
+void SetSlopes(std::span<ChainNode> nodes) {
+  for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
+    nodes[i].slope = (nodes[i + 1].x - nodes[i].x) / (nodes[i + 1].y - nodes[i].y);
+  }
+}
+
+/// Follows one chain upwards in y.
+class Cursor {
+ public:
+  Cursor(Chain chain, double y) : node_(chain.data()) {
+    const auto above = std::upper_bound(chain.begin() + 1, chain.end() - 1, y,
+                                        [](double v, const ChainNode& n) { return v < n.y; });
+    node_ = &*above - 1;
+  }
+  [[nodiscard]] double NextY() const { return node_[1].y; }
+  [[nodiscard]] double At(double y) const { return node_->x + (y - node_->y) * node_->slope; }
+  /// At the upper end of the edge, its vertex itself.
+  [[nodiscard]] double AtUpTo(double y) const { return y == node_[1].y ? node_[1].x : At(y); }
+  void Pass(double y) { node_ += node_[1].y <= y ? 1 : 0; }
+
+ private:
+  const ChainNode* node_;
+};
+
+/// Integral over a unit step of a linear function's positive part.
+double PositivePart(double at_start, double at_end) {
+  if (at_start >= 0 && at_end >= 0) return (at_start + at_end) / 2;
+  if (at_start <= 0 && at_end <= 0) return 0.0;
+  const double positive = std::max(at_start, at_end);
+  return positive * positive / (2 * (positive - std::min(at_start, at_end)));
+}
+
+/// Where a linear function that goes from `at_start` to `at_end` over a unit step is 0; 1 when it
+/// keeps its sign.
+double ZeroOf(double at_start, double at_end) {
+  return (at_start < 0) == (at_end < 0) ? 1.0 : at_start / (at_start - at_end);
+}
+
+struct ChordEnds {
+  double l1, l2, r1, r2;
+
+  [[nodiscard]] double Width() const { return std::min(r1, r2) - std::max(l1, l2); }
+  [[nodiscard]] ChordEnds Towards(const ChordEnds& end, double t) const {
+    return {l1 + t * (end.l1 - l1), l2 + t * (end.l2 - l2), r1 + t * (end.r1 - r1),
+            r2 + t * (end.r2 - r2)};
+  }
+};
+
+/// Integral of the common chord over a unit step in which all four sides are straight: cut where
+/// left or right sides cross, between which the chord's length is linear.
+double CommonChords(const ChordEnds& start, const ChordEnds& end) {
+  const double left_zero = ZeroOf(start.l1 - start.l2, end.l1 - end.l2);
+  const double right_zero = ZeroOf(start.r1 - start.r2, end.r1 - end.r2);
+  if (left_zero == 1.0 && right_zero == 1.0) return PositivePart(start.Width(), end.Width());
+  const double first = std::min(left_zero, right_zero);
+  const double second = std::max(left_zero, right_zero);
+  const double at_first = start.Towards(end, first).Width();
+  const double at_second = start.Towards(end, second).Width();
+  return first * PositivePart(start.Width(), at_first) +
+         (second - first) * PositivePart(at_first, at_second) +
+         (1 - second) * PositivePart(at_second, end.Width());
+}
+
+}  // namespace
+
+/// Appends the vertices from `first` on, `step` by `step`, up to `last`, as far as their y rises.
+void ConvexPieces::Walk(std::span<const ZorPoint> vertices, std::size_t first, std::size_t last,
+                        std::size_t step) {
+  const std::size_t begin = nodes_.size();
+  const std::size_t count = vertices.size();
+  const double top = vertices[last].y;
+  nodes_.push_back({vertices[first].y, vertices[first].x, 0.0});
+  for (std::size_t i = first; i != last;) {
+    i += step;
+    if (i >= count) i -= count;
+    const ZorPoint& p = vertices[i];
+    if (p.y > nodes_.back().y && (p.y < top || i == last)) nodes_.push_back({p.y, p.x, 0.0});
+  }
+  SetSlopes({nodes_.data() + begin, nodes_.size() - begin});
+}
+
+void ConvexPieces::Add(std::span<const ZorPoint> vertices) {
+  const std::size_t begin = nodes_.size();
+  spans_.push_back({begin, begin, begin});
+  if (vertices.size() < 3) return;
+  const std::size_t count = vertices.size();
+  std::size_t low = 0;
+  std::size_t high = 0;
+  for (std::size_t i = 1; i < count; ++i) {
+    if (vertices[i].y < vertices[low].y) low = i;
+    if (vertices[i].y > vertices[high].y) high = i;
+  }
+  if (!(vertices[low].y < vertices[high].y)) return;  // nor with coordinates that are no numbers
+  // Along a level edge each side takes its own end: the last one before y changes.
+  const auto along_level = [&](std::size_t i, std::size_t step) {
+    for (std::size_t n = 0; n < count; ++n) {
+      const std::size_t next = (i + step) % count;
+      if (vertices[next].y != vertices[i].y) break;
+      i = next;
+    }
+    return i;
+  };
+  const std::size_t forward = 1;
+  const std::size_t backward = count - 1;
+  if (nodes_.capacity() < begin + count + 4) nodes_.reserve(2 * begin + count + 4);
+  Walk(vertices, along_level(low, forward), along_level(high, backward), forward);
+  const std::size_t middle = nodes_.size();
+  Walk(vertices, along_level(low, backward), along_level(high, forward), backward);
+  const Chain ahead(nodes_.data() + begin, middle - begin);
+  const Chain behind(nodes_.data() + middle, nodes_.size() - middle);
+  if (ahead.size() < 2 || behind.size() < 2) {
+    nodes_.resize(begin);
+    return;
+  }
+  spans_.back() = {begin, middle, nodes_.size()};
+  // Straight sides first, which any bent one differs from at its own vertices.
+  const Chain& bent = ahead.size() > 2 ? ahead : behind;
+  const Chain& other = ahead.size() > 2 ? behind : ahead;
+  const ChainNode& vertex = bent[bent.size() / 2];
+  const double y = bent.size() > 2 ? vertex.y : (bent.front().y + bent.back().y) / 2;
+  const bool is_bent_left = Cursor(bent, y).At(y) < Cursor(other, y).At(y);
+  const bool is_ahead_left = (ahead.size() > 2) == is_bent_left;
+  if (!is_ahead_left) {
+    std::rotate(nodes_.begin() + static_cast<std::ptrdiff_t>(begin),
+                nodes_.begin() + static_cast<std::ptrdiff_t>(middle), nodes_.end());
+    spans_.back().right = begin + behind.size();
+  }
+}
+
+double OverlapArea(const ConvexSides& p, const ConvexSides& q) {
+  if (p.IsFlat() || q.IsFlat()) return 0.0;
+  const double high = std::min(p.High(), q.High());
+  double y = std::max(p.Low(), q.Low());
+  if (!(y < high)) return 0.0;
+  Cursor l1(p.left, y), l2(q.left, y), r1(p.right, y), r2(q.right, y);
+  ChordEnds start{l1.At(y), l2.At(y), r1.At(y), r2.At(y)};
+  double area = 0.0;
+  while (true) {
+    const double next = std::min({high, l1.NextY(), l2.NextY(), r1.NextY(), r2.NextY()});
+    const ChordEnds end{l1.AtUpTo(next), l2.AtUpTo(next), r1.AtUpTo(next), r2.AtUpTo(next)};
+    area += (next - y) * CommonChords(start, end);
+    if (next >= high) return area;
+    l1.Pass(next);
+    l2.Pass(next);
+    r1.Pass(next);
+    r2.Pass(next);
+    y = next;
+    start = end;
+  }
+}
+
+bool IsConvex(std::span<const ZorPoint> polygon) {
+  const std::size_t count = polygon.size();
+  if (count < 3) return false;
+  bool turns_left = false;
+  bool turns_right = false;
+  int reversals = 0;  // of the direction in y: two for a polygon that goes around once
+  ZorPoint before = polygon[0] - polygon[count - 1];
+  int heading = 0;
+  int first_heading = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const ZorPoint& here = polygon[i];
+    const ZorPoint& next = i + 1 < count ? polygon[i + 1] : polygon[0];
+    const ZorPoint edge = next - here;
+    const double turn = Cross(before, edge);
+    turns_left |= turn > 0;
+    turns_right |= turn < 0;
+    const int now = (edge.y > 0 ? 1 : 0) - (edge.y < 0 ? 1 : 0);
+    if (now != 0) {
+      if (heading != 0 && now != heading) ++reversals;
+      if (first_heading == 0) first_heading = now;
+      heading = now;
+    }
+    before = edge;
+  }
+  if (heading != first_heading) ++reversals;
+  return !(turns_left && turns_right) && reversals <= 2;
+}
+
+}  // namespace zor::intersection

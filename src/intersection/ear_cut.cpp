@@ -1,0 +1,283 @@
+#include "intersection/ear_cut.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "elementary/area_kernels.h"
+#include "elementary/point_kernels.h"
+
+namespace zor::intersection {
+namespace {
+
+using elementary::TriangleCross;
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+/// Vertices in square cells; those that are no longer of interest stay and are skipped by the user.
+class VertexGrid {
+ public:
+  VertexGrid(std::span<const ZorPoint> vertices, const std::vector<std::size_t>& members)
+      : next_(vertices.size(), kNone) {
+    low_ = vertices[0];
+    high_ = vertices[0];
+    for (const ZorPoint& p : vertices) {
+      low_ = ZorPoint(std::min(low_.x, p.x), std::min(low_.y, p.y));
+      high_ = ZorPoint(std::max(high_.x, p.x), std::max(high_.y, p.y));
+    }
+    side_ = static_cast<std::size_t>(std::sqrt(static_cast<double>(members.size()))) + 1;
+    heads_.assign(side_ * side_, kNone);
+    for (const std::size_t i : members) {
+      std::size_t& head = heads_[Row(vertices[i].y) * side_ + Column(vertices[i].x)];
+      next_[i] = head;
+      head = i;
+    }
+  }
+
+  /// Calls `visit` with the members in the cells of a box until it returns true; whether it did.
+  template <typename Visit>
+  bool AnyIn(const ZorPoint& low, const ZorPoint& high, Visit&& visit) const {
+    const std::size_t last_column = Column(high.x);
+    const std::size_t last_row = Row(high.y);
+    for (std::size_t row = Row(low.y); row <= last_row; ++row) {
+      for (std::size_t column = Column(low.x); column <= last_column; ++column) {
+        for (std::size_t i = heads_[row * side_ + column]; i != kNone; i = next_[i]) {
+          if (visit(i)) return true;
+        }
+      }
+    }
+    return false;
+  }
+
+ private:
+  [[nodiscard]] std::size_t Cell(double value, double low, double high) const {
+    const double share = (value - low) / (high - low);
+    if (!(share > 0)) return 0;  // also without extent, and for what is no number
+    const double last = static_cast<double>(side_ - 1);
+    return static_cast<std::size_t>(std::min(share * static_cast<double>(side_), last));
+  }
+  [[nodiscard]] std::size_t Column(double x) const { return Cell(x, low_.x, high_.x); }
+  [[nodiscard]] std::size_t Row(double y) const { return Cell(y, low_.y, high_.y); }
+
+  ZorPoint low_;
+  ZorPoint high_;
+  std::size_t side_ = 1;
+  std::vector<std::size_t> heads_;
+  std::vector<std::size_t> next_;
+};
+
+/// The pieces cut off, as rings of corners; rings join in constant time.
+class PieceRings {
+ public:
+  PieceRings(std::span<const ZorPoint> vertices, double sign) : vertices_(vertices), sign_(sign) {}
+
+  /// Adds the ear a, i, b (indices of vertices). `beyond_ai` and `beyond_ib` are the corners at
+  /// which the pieces across its sides run from i to a and from b to i, or kNone. Gives the corner
+  /// at which the ear's piece runs from b to a.
+  std::size_t Add(std::size_t a, std::size_t i, std::size_t b, std::size_t beyond_ai,
+                  std::size_t beyond_ib) {
+    const std::size_t at_a = NewCorner(a);
+    std::size_t at_i = NewCorner(i);
+    std::size_t at_b = NewCorner(b);
+    Link(at_a, at_i);
+    Link(at_i, at_b);
+    Link(at_b, at_a);
+    if (beyond_ai != kNone && CanJoin(at_a, beyond_ai)) {
+      Join(at_a, beyond_ai);
+      at_i = beyond_ai;
+    }
+    if (beyond_ib != kNone && CanJoin(at_i, beyond_ib)) {
+      Join(at_i, beyond_ib);
+      at_b = beyond_ib;
+    }
+    return at_b;
+  }
+
+  [[nodiscard]] std::vector<std::vector<ZorPoint>> Rings() const {
+    std::vector<std::vector<ZorPoint>> rings;
+    std::vector<bool> is_seen(corners_.size());
+    for (std::size_t first = 0; first < corners_.size(); ++first) {
+      if (corners_[first].next == kNone || is_seen[first]) continue;
+      rings.emplace_back();
+      for (std::size_t c = first; !is_seen[c]; c = corners_[c].next) {
+        is_seen[c] = true;
+        rings.back().push_back(At(c));
+      }
+    }
+    return rings;
+  }
+
+ private:
+  struct Corner {
+    std::size_t vertex;
+    std::size_t next;  // kNone for a corner that a join has dropped
+    std::size_t previous;
+  };
+
+  std::size_t NewCorner(std::size_t vertex) {
+    corners_.push_back({vertex, kNone, kNone});
+    return corners_.size() - 1;
+  }
+  void Link(std::size_t c, std::size_t next) {
+    corners_[c].next = next;
+    corners_[next].previous = c;
+  }
+  [[nodiscard]] const ZorPoint& At(std::size_t c) const { return vertices_[corners_[c].vertex]; }
+  [[nodiscard]] std::size_t Next(std::size_t c) const { return corners_[c].next; }
+  [[nodiscard]] std::size_t Previous(std::size_t c) const { return corners_[c].previous; }
+  [[nodiscard]] bool TurnsRight(const ZorPoint& p, const ZorPoint& q, const ZorPoint& r) const {
+    return sign_ * TriangleCross(p, q, r) >= 0;
+  }
+
+  // Corner c runs along the common side, corner d of the other ring back along it:
+  //
+  //   Previous(c) -> c ---> Next(c) -> ...          Previous(c) -> c    Next(d) -> ...
+  //                                         becomes                  \  /   (c goes on there)
+  //   ... <- Next(d) <--- d <- Previous(d)          ... <- Next(c) <- d <- Previous(d)
+  [[nodiscard]] bool CanJoin(std::size_t c, std::size_t d) const {
+    return TurnsRight(At(Previous(c)), At(c), At(Next(Next(d)))) &&
+           TurnsRight(At(Previous(d)), At(d), At(Next(Next(c))));
+  }
+  void Join(std::size_t c, std::size_t d) {
+    const std::size_t dropped_after_c = Next(c);
+    const std::size_t dropped_after_d = Next(d);
+    const std::size_t after_c = Next(dropped_after_d);
+    const std::size_t after_d = Next(dropped_after_c);
+    Link(c, after_c);
+    Link(d, after_d);
+    corners_[dropped_after_c].next = kNone;
+    corners_[dropped_after_d].next = kNone;
+  }
+
+  std::span<const ZorPoint> vertices_;
+  double sign_;
+  std::vector<Corner> corners_;
+};
+
+class EarCutter {
+ public:
+  explicit EarCutter(std::span<const ZorPoint> polygon)
+      : vertices_(polygon),
+        sign_(elementary::SignedArea(polygon) < 0 ? -1.0 : 1.0),
+        before_(polygon.size()),
+        after_(polygon.size()),
+        is_reflex_(polygon.size()),
+        beyond_(polygon.size(), kNone),
+        left_(polygon.size()),
+        rings_(polygon, sign_) {
+    const std::size_t count = polygon.size();
+    for (std::size_t i = 0; i < count; ++i) {
+      before_[i] = i == 0 ? count - 1 : i - 1;
+      after_[i] = i + 1 == count ? 0 : i + 1;
+    }
+    std::vector<std::size_t> reflex;
+    for (std::size_t i = 0; i < count; ++i) {
+      is_reflex_[i] = Turn(i) < 0;
+      if (is_reflex_[i]) reflex.push_back(i);
+    }
+    reflex_left_ = reflex.size();
+    if (reflex_left_ > 0) grid_.emplace_back(polygon, reflex);
+  }
+
+  CutPolygon Run() {
+    std::vector<std::size_t> waiting;
+    for (std::size_t i = 0; i < vertices_.size(); ++i) waiting.push_back(i);
+    // Beside reflex vertices only, then any, then by force.
+    for (int effort = 0; effort < 3 && !IsDone();) {
+      const bool has_cut = Sweep(waiting, effort);
+      effort = has_cut ? 0 : effort + 1;
+      waiting = Remaining();
+    }
+    CutPolygon cut;
+    cut.core.reserve(left_);
+    for (const std::size_t i : Remaining()) cut.core.push_back(vertices_[i]);
+    cut.pieces = rings_.Rings();
+    return cut;
+  }
+
+ private:
+  [[nodiscard]] double Turn(std::size_t i) const {
+    return sign_ * TriangleCross(vertices_[before_[i]], vertices_[i], vertices_[after_[i]]);
+  }
+  [[nodiscard]] bool IsDone() const { return reflex_left_ == 0 || left_ <= 3; }
+
+  /// Cuts what can be cut among the waiting vertices and those that a cut frees; whether any was.
+  bool Sweep(std::vector<std::size_t>& waiting, int effort) {
+    bool has_cut = false;
+    while (!waiting.empty() && !IsDone()) {
+      const std::size_t i = waiting.back();
+      waiting.pop_back();
+      if (before_[i] == kNone || is_reflex_[i]) continue;
+      const std::size_t a = before_[i];
+      const std::size_t b = after_[i];
+      if (effort == 0 && !is_reflex_[a] && !is_reflex_[b]) continue;
+      if (effort < 2 && !IsEmpty(i)) continue;
+      Cut(i);
+      waiting.push_back(a);
+      waiting.push_back(b);
+      has_cut = true;
+      if (effort == 2) break;
+    }
+    return has_cut;
+  }
+
+  void Cut(std::size_t i) {
+    const std::size_t a = before_[i];
+    const std::size_t b = after_[i];
+    beyond_[a] = Turn(i) > 0 ? rings_.Add(a, i, b, beyond_[a], beyond_[i]) : kNone;
+    after_[a] = b;
+    before_[b] = a;
+    before_[i] = kNone;
+    --left_;
+    for (const std::size_t neighbour : {a, b}) {
+      const bool was_reflex = is_reflex_[neighbour];
+      is_reflex_[neighbour] = Turn(neighbour) < 0;
+      if (was_reflex && !is_reflex_[neighbour]) --reflex_left_;
+      // Only rounding makes a vertex reflex by a cut beside it; it is in no cell, and needs none.
+      if (!was_reflex && is_reflex_[neighbour]) ++reflex_left_;
+    }
+  }
+
+  /// No reflex vertex lies in the triangle at i or on its outline, its corners aside.
+  [[nodiscard]] bool IsEmpty(std::size_t i) const {
+    const ZorPoint& a = vertices_[before_[i]];
+    const ZorPoint& p = vertices_[i];
+    const ZorPoint& b = vertices_[after_[i]];
+    const ZorPoint low(std::min({a.x, p.x, b.x}), std::min({a.y, p.y, b.y}));
+    const ZorPoint high(std::max({a.x, p.x, b.x}), std::max({a.y, p.y, b.y}));
+    return !grid_[0].AnyIn(low, high, [&](std::size_t k) {
+      if (!is_reflex_[k] || before_[k] == kNone) return false;
+      const ZorPoint& v = vertices_[k];
+      if (v.x < low.x || v.x > high.x || v.y < low.y || v.y > high.y) return false;
+      if (v == a || v == p || v == b) return false;
+      return sign_ * TriangleCross(a, p, v) >= 0 && sign_ * TriangleCross(p, b, v) >= 0 &&
+             sign_ * TriangleCross(b, a, v) >= 0;
+    });
+  }
+
+  [[nodiscard]] std::vector<std::size_t> Remaining() const {
+    std::vector<std::size_t> indices;
+    indices.reserve(left_);
+    for (std::size_t i = 0; i < vertices_.size(); ++i) {
+      if (before_[i] != kNone) indices.push_back(i);
+    }
+    return indices;
+  }
+
+  std::span<const ZorPoint> vertices_;
+  double sign_;
+  std::vector<std::size_t> before_;  // kNone for a vertex that is cut off
+  std::vector<std::size_t> after_;
+  std::vector<bool> is_reflex_;
+  std::vector<std::size_t> beyond_;  // the corner of the piece across the edge from a vertex on
+  std::size_t left_;
+  std::size_t reflex_left_ = 0;
+  std::vector<VertexGrid> grid_;  // of the reflex vertices, if there are any
+  PieceRings rings_;
+};
+
+}  // namespace
+
+CutPolygon CutEars(std::span<const ZorPoint> polygon) { return EarCutter(polygon).Run(); }
+
+}  // namespace zor::intersection

@@ -1,0 +1,178 @@
+#include "intersection/polygon_overlap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+#include <random>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <tbb/global_control.h>
+
+#include "elementary/area_kernels.h"
+#include "elementary/point_kernels.h"
+#include "intersection/convex_overlap.h"
+#include "intersection/ear_cut.h"
+#include "support/values.h"
+
+using zor::elementary::SignedArea;
+using zor::elementary::TriangleCross;
+using zor::intersection::CutEars;
+using zor::intersection::IsConvex;
+using zor::intersection::PolygonOverlapArea;
+
+namespace {
+
+using Polygon = std::vector<ZorPoint>;
+
+/// Sutherland and Hodgman: a convex polygon clipped by another of positive area.
+double ClippedArea(Polygon subject, const Polygon& clip) {
+  for (std::size_t i = 0; i < clip.size() && !subject.empty(); ++i) {
+    const ZorPoint& a = clip[i];
+    const ZorPoint& b = clip[(i + 1) % clip.size()];
+    Polygon kept;
+    for (std::size_t k = 0; k < subject.size(); ++k) {
+      const ZorPoint& p = subject[k];
+      const ZorPoint& q = subject[(k + 1) % subject.size()];
+      const double sp = TriangleCross(a, b, p), sq = TriangleCross(a, b, q);
+      if (sp >= 0) kept.push_back(p);
+      if ((sp < 0) != (sq < 0)) {
+        kept.emplace_back(p.x + (q.x - p.x) * sp / (sp - sq), p.y + (q.y - p.y) * sp / (sp - sq));
+      }
+    }
+    subject = kept;
+  }
+  return SignedArea(subject);
+}
+
+/// Both polygons as fans of signed triangles about an outer point: exact for simple polygons.
+double OverlapByFans(const Polygon& p, const Polygon& q) {
+  const ZorPoint apex(-1.7, -2.3);
+  const auto fan = [&](const Polygon& polygon) {
+    std::vector<std::pair<double, Polygon>> triangles;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+      Polygon t{apex, polygon[i], polygon[(i + 1) % polygon.size()]};
+      const double sign = SignedArea(t) < 0 ? -1 : 1;
+      if (sign < 0) std::swap(t[1], t[2]);
+      triangles.emplace_back(sign, t);
+    }
+    return triangles;
+  };
+  double sum = 0;
+  for (const auto& [p_sign, p_triangle] : fan(p)) {
+    for (const auto& [q_sign, q_triangle] : fan(q)) {
+      sum += p_sign * q_sign * ClippedArea(p_triangle, q_triangle);
+    }
+  }
+  return std::fabs(sum);
+}
+
+Polygon Star(std::mt19937_64& rng, int count, double inner, ZorPoint centre) {
+  std::uniform_real_distribution<double> unit(0, 1);
+  Polygon polygon;
+  const double turn = unit(rng);
+  for (int i = 0; i < count; ++i) {
+    const double r = 40 * (inner + (1 - inner) * unit(rng));
+    const double t = 2 * std::numbers::pi * (i + 0.8 * unit(rng)) / count + turn;
+    polygon.emplace_back(centre.x + r * std::cos(t), centre.y + r * std::sin(t));
+  }
+  return polygon;
+}
+
+/// Teeth down from a bar; on whole coordinates, so that edges of two combs coincide.
+Polygon Comb(int teeth, ZorPoint corner) {
+  Polygon polygon{corner, corner + ZorPoint(2 * teeth - 1, 0)};
+  for (int i = teeth - 1; i >= 0; --i) {
+    polygon.push_back(corner + ZorPoint(2 * i + 1, 10));
+    polygon.push_back(corner + ZorPoint(2 * i, 10));
+    if (i > 0) {
+      polygon.push_back(corner + ZorPoint(2 * i, 2));
+      polygon.push_back(corner + ZorPoint(2 * i - 1, 2));
+    }
+  }
+  return polygon;
+}
+
+void CheckOverlap(Polygon p, Polygon q) {
+  const double expected = OverlapByFans(p, q);
+  const double scale = std::min(std::fabs(SignedArea(p)), std::fabs(SignedArea(q)));
+  for (int turned = 0; turned < 4; ++turned) {
+    EXPECT_NEAR(PolygonOverlapArea(p, q), expected, 1e-9 * scale) << "direction " << turned;
+    Polygon& turning = turned % 2 == 0 ? p : q;
+    std::reverse(turning.begin(), turning.end());
+  }
+  EXPECT_NEAR(PolygonOverlapArea(q, p), expected, 1e-9 * scale);
+}
+
+}  // namespace
+
+TEST(PolygonOverlap, AgreesWithSignedFans) {
+  std::mt19937_64 rng(20240607);
+  std::uniform_real_distribution<double> unit(0, 1);
+  for (int i = 0; i < 120; ++i) {
+    SCOPED_TRACE(i);
+    const int count = 3 + i % 30;
+    const double inner = i % 3 == 0 ? 0.98 : 0.2;  // nearly convex, or jagged
+    const Polygon p = Star(rng, count, inner, {60, 60});
+    CheckOverlap(p, Star(rng, 3 + (i * 7) % 25, inner, {60 + 50 * unit(rng), 60 + 50 * unit(rng)}));
+    CheckOverlap(p, p);
+  }
+}
+
+TEST(PolygonOverlap, CountsCoincidentEdgesOnce) {
+  for (const ZorPoint& shift : {ZorPoint(0, 0), ZorPoint(1, 0), ZorPoint(2, 3), ZorPoint(0.5, 9),
+                                ZorPoint(0, 10), ZorPoint(30, 0), ZorPoint(-3, -1)}) {
+    SCOPED_TRACE(zor::test::Show(shift));
+    CheckOverlap(Comb(9, {10, 10}), Comb(9, ZorPoint(10, 10) + shift));
+  }
+  const Polygon square{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
+  EXPECT_EQ(PolygonOverlapArea(square, {{{4, 0}, {8, 0}, {8, 4}, {4, 4}}}), 0.0);
+  EXPECT_EQ(PolygonOverlapArea(square, {{{1, 1}, {3, 1}, {3, 3}, {1, 3}}}), 4.0);
+  EXPECT_EQ(PolygonOverlapArea(square, {{{0, 0}, {2, 2}, {4, 4}}}), 0.0);
+  // Straight angles and repeated vertices.
+  EXPECT_EQ(PolygonOverlapArea(square, {{{2, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 4}, {2, 4}, {2, 2}}}),
+            8.0);
+}
+
+TEST(PolygonOverlap, DoesNotDependOnThreads) {
+  std::mt19937_64 rng(20240607);
+  const Polygon p = Star(rng, 900, 0.3, {60, 60}), q = Star(rng, 800, 0.3, {75, 66});
+  std::vector<double> areas;
+  for (const std::size_t threads : {1U, 4U, 4U, 4U}) {
+    const tbb::global_control control(tbb::global_control::max_allowed_parallelism, threads);
+    for (int repeat = 0; repeat < 20; ++repeat) areas.push_back(PolygonOverlapArea(p, q));
+  }
+  for (const double area : areas) ASSERT_EQ(area, areas[0]);
+}
+
+TEST(CutEars, GivesAConvexCoreAndEarsOfTheWholeArea) {
+  std::mt19937_64 rng(20240607);
+  for (int i = 0; i < 60; ++i) {
+    Polygon polygon = i % 6 == 0 ? Comb(3 + i, {0, 0}) : Star(rng, 4 + 5 * i, 0.2, {60, 60});
+    if (i % 2 == 0) std::reverse(polygon.begin(), polygon.end());
+    const auto cut = CutEars(polygon);
+    EXPECT_TRUE(cut.core.size() < 3 || IsConvex(cut.core));
+    double area = std::fabs(SignedArea(cut.core));
+    for (const Polygon& piece : cut.pieces) {
+      EXPECT_TRUE(IsConvex(piece));
+      area += std::fabs(SignedArea(piece));
+    }
+    EXPECT_NEAR(area, std::fabs(SignedArea(polygon)), 1e-9 * area) << i;
+  }
+}
+
+TEST(PolygonOverlap, SurvivesWhatIsNoPolygon) {
+  using zor::test::kInfinity;
+  using zor::test::kNaN;
+  const Polygon square{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
+  for (const Polygon& odd :
+       {Polygon{{kNaN, 0}, {1, 1}, {2, 0}, {1, -5}}, Polygon(500, {2, 2}),
+        Polygon{{0, 0}, {kInfinity, 1}, {2, kNaN}, {-kInfinity, 5}, {1, 1}},
+        Polygon{{0, 0}, {4, 4}, {4, 0}, {0, 4}, {2, -3}}, Polygon(1000, {kNaN, kNaN})}) {
+    static_cast<void>(PolygonOverlapArea(odd, square));
+    static_cast<void>(PolygonOverlapArea(square, odd));
+    static_cast<void>(PolygonOverlapArea(odd, odd));
+  }
+  EXPECT_FALSE(IsConvex(Polygon{{0, -5}, {3, 4}, {-5, -1.5}, {5, -1.5}, {-3, 4}}));  // a pentagram
+}
