@@ -3,12 +3,13 @@
 
 #include <benchmark/benchmark.h>
 
+#include "../idle_sink.h"
 #include "elementary/line_kernels.h"
 #include "elementary/point_kernels.h"
-#include <ZorFastLoggerPrivate.h>
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
+using zor::bench::IdleSink;
 namespace elementary = zor::elementary;
 
 namespace {
@@ -37,18 +38,6 @@ void RunOnQuads(benchmark::State& state, Call&& call) {
   for (auto _ : state) call(pool[i++ & (pool.size() - 1)]);
   state.SetItemsProcessed(state.iterations());
 }
-
-/// A sink that does nothing: what is left is the cost of making and handing over the records.
-class IdleSink {
- public:
-  IdleSink() {
-    ZORMV::ZorFastLoggerPrivate::SetSink(
-        [](const ZORMV::ZorTraceRecord& record) { benchmark::DoNotOptimize(record.line); });
-  }
-  ~IdleSink() { ZORMV::ZorFastLoggerPrivate::SetSink({}); }
-  IdleSink(const IdleSink&) = delete;
-  IdleSink& operator=(const IdleSink&) = delete;
-};
 
 void DistanceThroughClass(benchmark::State& state) {
   RunOnQuads(state, [](Quad& q) {
