@@ -13,7 +13,9 @@ target_compile_options(
             -Wold-style-cast
             $<$<BOOL:${ZOR_WERROR}>:-Werror>
             # Borderline results must not depend on whether the target can fuse a multiply and add.
-            -ffp-contract=off)
+            -ffp-contract=off
+            # Nobody reads errno after a square root, which is one instruction then.
+            -fno-math-errno)
 target_compile_definitions(zor_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 
 if(ZOR_SANITIZE)

@@ -505,6 +505,20 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius, double* distance,
                              ZorPoint* nearestPoint);
 
+  /// Signed distance of a point from an ellipse (negative inside) and the point of the ellipse that
+  /// it is measured to: semi-axes a and b, the angle of the first in degrees, counter-clockwise on
+  /// the screen, converted with pi = 3.141592653. A point within 1e-5 of the centre has minus the
+  /// smaller semi-axis; one on the ellipse to 1e-5 of its equation has 0 and is its own nearest
+  /// point. Else found by ten updates of an approximation, the last of them unused: right to 1e-11
+  /// of the larger semi-axis, and near the outline always, down to a ratio of 0.35 of the axes. For
+  /// thinner ellipses points outside can be off, by at most 0.24 of the larger semi-axis at a ratio
+  /// of 0.3 and 0.4 at 0.1 (found on 200000 points within twice the larger semi-axis). Traced.
+  /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  long PointToOvalDistance(ZorPoint& point, ZorPoint& centre, double a, double b, double angleDeg,
+                           double* distance, ZorPoint* nearestPoint);
+
   // ==== Intersections of lines and segments =====================================================
   // Lines are given by two points on them, segments by their ends, which belong to them.
   // Degenerate: the two points lie within 0.0005 of each other, inclusive.

@@ -135,6 +135,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   long PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius, double* distance,
                              ZorPoint* nearestPoint);
+  long PointToOvalDistance(ZorPoint& point, ZorPoint& centre, double a, double b, double angleDeg,
+                           double* distance, ZorPoint* nearestPoint);
 
   // ==== Intersections of lines and segments =====================================================
 

@@ -10,6 +10,8 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
+#include "frame/opencv_points.h"
+
 // Why the steepness can be had without the fit.
 //
 // The routine keeps, of all lines that it looks at, the one with the least sum E of the points'
@@ -46,8 +48,6 @@ inline constexpr double kLeastAnisotropy = 1e-7;  // of the mean square
 inline constexpr double kGreatestSize = 1e15;     // its square is far within single precision
 inline constexpr double kSteepSine = 9e-7;        // below the least |vx| of a line not steep
 inline constexpr double kSineSlack = 1.4e-7;      // two steps of single precision at half pi
-
-static_assert(sizeof(ZorPoint) == sizeof(cv::Point2d));
 
 /// What the bounds need of all points.
 struct Cloud {
@@ -173,11 +173,8 @@ bool BeatsSlantedLines(const HuberLine& start, std::span<const ZorPoint> points,
 }  // namespace
 
 HuberLine FitHuberLine(std::span<const ZorPoint> points) {
-  // A header over the points, which the routine only reads.
-  const cv::Mat view(static_cast<int>(points.size()), 1, CV_64FC2,
-                     const_cast<ZorPoint*>(points.data()));  // NOLINT: see above
   cv::Vec4f line;
-  cv::fitLine(view, line, cv::DIST_HUBER, 0, 0.001, 0.001);
+  cv::fitLine(frame::ViewOfPoints(points), line, cv::DIST_HUBER, 0, 0.001, 0.001);
   return {line[0], line[1], line[2], line[3]};
 }
 

@@ -10,6 +10,7 @@
 #include "fitting/robust_fit.h"
 
 namespace zor::fitting {
+
 namespace {
 
 inline constexpr double kNudge = 0.1;       // pixels between two ends that would coincide

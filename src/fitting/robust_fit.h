@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "fitting/lanes.h"
+#include "elementary/lanes.h"
 #include "fitting/small_solve.h"
 
 // Iteratively re-weighted fits of models that are linear in their k coefficients c: row(i) . c
@@ -29,6 +29,18 @@
 // c holds the last pass's coefficients; the model has taken them over by Settle.
 
 namespace zor::fitting {
+
+using elementary::Coordinates;
+using elementary::kLaneCount;
+using elementary::Load;
+using elementary::LoadPoint;
+using elementary::Magnitude;
+using elementary::NonZero;
+using elementary::Pair;
+using elementary::Root;
+using elementary::StoreAt;
+using elementary::Total;
+using elementary::WhereLess;
 
 /// What the fits ask of a model. Real is a Lane or a double, for the points i and i + 1 or for the
 /// point i alone; a model that has nothing to gain from pairs has Lane = double.
@@ -258,6 +270,7 @@ template <typename Model, typename Clip, typename Keep, typename Pass>
     if (done == 0) {
       Gather(model, UnitWeights(), keep, equations);
     } else {
+      if constexpr (requires { model.FindErrors(); }) model.FindErrors();
       const auto weights = Gather(model, ErrorWeights<Model>(model, clip(model)), keep, equations);
       if (weights.Count() < static_cast<double>(model.MinimumWeights())) return true;
     }

@@ -217,6 +217,13 @@ long ZorGeometryMeasureDlg::PointToCircleDistance(ZorPoint& point, ZorPoint& cen
   return ZorGeometryMeasure().PointToCircleDistance(point, centre, radius, distance, nearestPoint);
 }
 
+long ZorGeometryMeasureDlg::PointToOvalDistance(ZorPoint& point, ZorPoint& centre, double a,
+                                                double b, double angleDeg, double* distance,
+                                                ZorPoint* nearestPoint) {
+  return ZorGeometryMeasure().PointToOvalDistance(point, centre, a, b, angleDeg, distance,
+                                                  nearestPoint);
+}
+
 // ==== Intersections of lines and segments =======================================================
 
 long ZorGeometryMeasureDlg::LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre,

@@ -32,4 +32,10 @@ std::vector<cv::Point2f> ToFloatPoints(std::span<const ZorPoint> points) {
   return out;
 }
 
+cv::Mat ViewOfPoints(std::span<const ZorPoint> points) {
+  static_assert(sizeof(ZorPoint) == sizeof(cv::Point2d));
+  auto* data = const_cast<ZorPoint*>(points.data());  // NOLINT: a matrix has no read-only form
+  return {static_cast<int>(points.size()), 1, CV_64FC2, data};
+}
+
 }  // namespace zor::frame

@@ -3,6 +3,7 @@
 #include <span>
 #include <vector>
 
+#include <opencv2/core/mat.hpp>
 #include <opencv2/core/types.hpp>
 
 #include "ZorPoint.h"
@@ -18,6 +19,9 @@ namespace zor::frame {
 
 /// Each coordinate rounded to single precision.
 [[nodiscard]] std::vector<cv::Point2f> ToFloatPoints(std::span<const ZorPoint> points);
+
+/// The points themselves as a column of double pairs, without a copy. Only for routines that read.
+[[nodiscard]] cv::Mat ViewOfPoints(std::span<const ZorPoint> points);
 
 [[nodiscard]] inline ZorPoint FromFloatPoint(const cv::Point2f& p) {
   return {static_cast<double>(p.x), static_cast<double>(p.y)};

@@ -90,6 +90,8 @@ TEST(DistanceOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        none(&ZorGeometryMeasure::PolygonToSegmentDistance, across)},
       {"PointToPolygonDistance", Pair("PointToPolygonDistance"),
        [&](bool w) { return m.PointToPolygonDistance(p, across, Want(w, low), Want(w, c)); }},
+      {"PointToOvalDistance", Pair("PointToOvalDistance"),
+       [&](bool w) { return m.PointToOvalDistance(p, a, 5, 2, 30, Want(w, low), Want(w, c)); }},
       {"LineSegmentToPolygonDistance", "",
        [&](bool w) {
          return m.LineSegmentToPolygonDistance(a, b, across, Want(w, low), Want(w, c), Want(w, d),

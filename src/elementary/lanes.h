@@ -11,7 +11,7 @@
 // a Pair of them. Every lane computes exactly what a double would; only a sum over points depends
 // on the way that it is split, and that in its last bits.
 
-namespace zor::fitting {
+namespace zor::elementary {
 
 /// Two doubles side by side, one step of the vector unit.
 struct Pair {
@@ -90,4 +90,4 @@ template <typename Real>
   }
 }
 
-}  // namespace zor::fitting
+}  // namespace zor::elementary
