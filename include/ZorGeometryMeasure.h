@@ -715,6 +715,20 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// point outside. Not traced.
   long PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon);
 
+  /// Relation of a point to a polygon with an outline about a pixel wide: on the outline when an
+  /// edge, by PointToSegmentDistance mode 0, is closer than 1.1, or up to sqrt(2) (inclusive) when
+  /// `angle` lies near an axis or a diagonal. The angle is a direction in degrees, such as that of
+  /// the edge in question; less 180 from 180 on it does so below 20, above 160, and between 35 and
+  /// 55, 80 and 100, 125 and 145 (exclusive). Otherwise the crossings of the ray decide as in
+  /// PointToPolygonPosRelation, without its reach along x; edges at most 0.0005 long have no
+  /// distance. Not traced itself (nested "PointToSegmentDistance" are, up to the first edge in
+  /// reach).
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  long PointToPolygonPosRelation2(ZorPoint& point, ZorPointArray& polygon, double angle, int* code);
+  /// The same relation as the return value, for any number of vertices: an empty polygon has every
+  /// point outside. Not traced itself.
+  long PointToPolygonPosRelation2(ZorPoint& point, double angle, ZorPointArray& polygon);
+
   // ==== Selection by region =====================================================================
 
   // ==== Area, centroid, moments =================================================================

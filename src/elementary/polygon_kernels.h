@@ -19,20 +19,33 @@ inline constexpr double kOutlineReach = 1e-5;
 /// point is on it.
 enum class EdgeVerdict { kNothing, kCrosses, kTouches };
 
-/// The verdict of edge ab on p. The half-open rule, min(y) <= p.y < max(y), lets a vertex on the
-/// scan line count once.
+/// The half-open rule, min(y) <= p.y < max(y): a vertex on the scan line counts once.
+[[nodiscard]] inline bool MeetsScanLine(const ZorPoint& p, const ZorPoint& a, const ZorPoint& b) {
+  return (a.y <= p.y) != (b.y <= p.y);
+}
+
+/// Where an edge that meets the scan line of p crosses it.
+[[nodiscard]] inline double ScanCrossing(const ZorPoint& p, const ZorPoint& a, const ZorPoint& b) {
+  return (p.y - a.y) * (b.x - a.x) / (b.y - a.y) + a.x;
+}
+
+/// Whether p is on the horizontal edge ab.
+[[nodiscard]] inline bool IsOnHorizontal(const ZorPoint& p, const ZorPoint& a, const ZorPoint& b) {
+  return std::fabs(p.y - a.y) <= kOutlineReach && std::min(a.x, b.x) <= p.x &&
+         p.x <= std::max(a.x, b.x);
+}
+
+/// The verdict of edge ab on p.
 [[nodiscard]] inline EdgeVerdict JudgeEdge(const ZorPoint& p, const ZorPoint& a,
                                            const ZorPoint& b) {
   // Deliberate: a vertex is on the outline, and only this test sees to it where both of its edges
   // run upwards on the screen: the half-open rule passes over their common end.
   if (b == p) return EdgeVerdict::kTouches;
   if (a.y == b.y) {
-    const bool touches = std::fabs(p.y - a.y) <= kOutlineReach && std::min(a.x, b.x) <= p.x &&
-                         p.x <= std::max(a.x, b.x);
-    return touches ? EdgeVerdict::kTouches : EdgeVerdict::kNothing;
+    return IsOnHorizontal(p, a, b) ? EdgeVerdict::kTouches : EdgeVerdict::kNothing;
   }
-  if ((a.y <= p.y) == (b.y <= p.y)) return EdgeVerdict::kNothing;
-  const double x = (p.y - a.y) * (b.x - a.x) / (b.y - a.y) + a.x;
+  if (!MeetsScanLine(p, a, b)) return EdgeVerdict::kNothing;
+  const double x = ScanCrossing(p, a, b);
   if (std::fabs(x - p.x) <= kOutlineReach) return EdgeVerdict::kTouches;
   return x > p.x ? EdgeVerdict::kCrosses : EdgeVerdict::kNothing;
 }

@@ -3,10 +3,10 @@
 
 #include "ZorGeometryMeasure.h"
 #include "elementary/point_kernels.h"
+#include "elementary/segment_distance_kernels.h"
 #include "elementary/segment_kernels.h"
 #include "elementary/shape_frame.h"
 #include "frame/checks.h"
-#include "frame/tolerances.h"
 #include "frame/trace.h"
 #include "intersection/line_shape_kernels.h"
 
@@ -24,10 +24,6 @@ namespace {
 // Deliberate: the rectangle's lines may be shorter than any other operation's.
 inline constexpr double kRectangleDegenerateLength = 1e-5;  // pixels, inclusive
 inline constexpr double kVerticalSegment = 1e-6;            // of the ends' x, exclusive
-
-bool Coincide(const ZorPoint& a, const ZorPoint& b) {
-  return elementary::Distance(a, b) <= zor::frame::kCoincident;
-}
 
 /// Last step of every operation here. After a failure there are no points: those operations that
 /// call this then as well leave an empty list, as their descriptions say. The inputs may be points
@@ -105,12 +101,12 @@ long ZorGeometryMeasure::LineRectangularIntersection(ZorPoint& p1, ZorPoint& p2,
     ZorPoint hit;
     if (LineSegmentToLineIntersection(*start, end, p1, p2, &hit, nullptr)) {
       const ZorPointView hits = kept.View();
-      if (hits.empty() || !Coincide(hit, hits.back())) kept.Append(hit);
+      if (hits.empty() || !elementary::Coincide(hit, hits.back())) kept.Append(hit);
     }
     start = &end;
   }
   const ZorPointView hits = kept.View();
-  if (hits.size() >= 2 && Coincide(hits.front(), hits.back())) kept.RemoveLast();
+  if (hits.size() >= 2 && elementary::Coincide(hits.front(), hits.back())) kept.RemoveLast();
   Replace(points, kept.View());
   return trace.Done();
 }

@@ -1,13 +1,17 @@
+#include <limits>
+
 #include "ZorGeometryMeasure.h"
 #include "elementary/polygon_kernels.h"
 #include "frame/checks.h"
 #include "frame/store.h"
 #include "frame/trace.h"
+#include "intersection/pixel_relation_kernels.h"
 #include "intersection/relation_kernels.h"
 
 using zor::frame::InvalidArgument;
 using zor::frame::IsDegreeAngle;
 using zor::frame::IsPositive;
+using zor::frame::IsTracing;
 using zor::frame::Store;
 using zor::frame::Trace;
 namespace elementary = zor::elementary;
@@ -41,4 +45,33 @@ long ZorGeometryMeasure::PointToPolygonPosRelation(ZorPoint& point, ZorPointArra
 
 long ZorGeometryMeasure::PointToPolygonPosRelation(ZorPoint& point, ZorPointArray& polygon) {
   return elementary::PolygonRelation(point, polygon.View());
+}
+
+namespace {
+
+/// The distance through the traced operation, for its records.
+double TracedDistance(ZorGeometryMeasure& measure, ZorPoint p, ZorPoint a, ZorPoint b) {
+  // Stays where the edge is too short to be a segment: such an edge has no reach.
+  double distance = std::numeric_limits<double>::infinity();
+  static_cast<void>(measure.PointToSegmentDistance(p, a, b, 0, &distance, nullptr));
+  return distance;
+}
+
+}  // namespace
+
+long ZorGeometryMeasure::PointToPolygonPosRelation2(ZorPoint& point, ZorPointArray& polygon,
+                                                    double angle, int* code) {
+  if (polygon.Length() < 3) return GM_E_TOO_FEW_POINTS;
+  Store(code, static_cast<int>(PointToPolygonPosRelation2(point, angle, polygon)));
+  return GM_OK;
+}
+
+long ZorGeometryMeasure::PointToPolygonPosRelation2(ZorPoint& point, double angle,
+                                                    ZorPointArray& polygon) {
+  const bool is_wide = intersection::IsNearAxisOrDiagonal(angle);
+  return intersection::PixelRelation(
+      point, polygon.View(), is_wide, [&](const ZorPoint& a, const ZorPoint& b) {
+        return IsTracing() ? TracedDistance(*this, point, a, b)
+                           : intersection::DistanceWithinPixel(point, a, b);
+      });
 }

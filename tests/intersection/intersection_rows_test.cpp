@@ -12,7 +12,7 @@ using zor::test::Want;
 TEST(IntersectionOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
   ZORMV::ZorGeometryMeasureDlg dlg;
-  ZorPoint a(0, 0), b(10, 0), p(3, 4), q(3, -4), out;
+  ZorPoint a(0, 0), b(10, 0), p(3, 4), q(3, -4), beside(10, 10.5), out;
   ZorPointArray square{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, points;
   ZorContour contour(square);
   std::vector<ZorPoint> starts;
@@ -76,6 +76,13 @@ TEST(IntersectionOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        [&](bool w) { return m.PointToPolygonPosRelation(p, square, Want(w, code)); }},
       {"PointToPolygonPosRelation, returned", "",
        [&](bool) { return m.PointToPolygonPosRelation(p, square) + 1; }},
+      {"PointToPolygonPosRelation2",  // the first edge is far, the second in reach
+       "+PointToSegmentDistance +PerpendicularProjection +LinesIntersection -LinesIntersection "
+       "-PerpendicularProjection +PointTolineDistance -PointTolineDistance "
+       "-PointToSegmentDistance +PointToSegmentDistance -PointToSegmentDistance",
+       [&](bool w) { return m.PointToPolygonPosRelation2(beside, square, 65, Want(w, code)); }},
+      {"PointToPolygonPosRelation2, returned", "+PointToSegmentDistance -PointToSegmentDistance",
+       [&](bool) { return m.PointToPolygonPosRelation2(a, 65, square); }},
       {"Dlg::PointToRectangularPos",
        "+PointToRectangularPos +PointToPolygonPosRelation -PointToPolygonPosRelation "
        "-PointToRectangularPos",

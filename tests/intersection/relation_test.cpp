@@ -1,11 +1,13 @@
 #include <cmath>
 #include <numbers>
+#include <optional>
 #include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "elementary/polygon_kernels.h"
+#include "support/trace_capture.h"
 #include "support/values.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
@@ -92,6 +94,61 @@ TEST(PointToPolygonPosRelation, FewVertices) {
   EXPECT_EQ(code, kNotWritten);
   EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation(p, none), 1);
   EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation(p, pair), 0);
+}
+
+TEST(PointToPolygonPosRelation2, ReachesAPixelFromTheEdges) {
+  ZorPointArray square{{0, 0}, {20, 0}, {20, 20}, {0, 20}}, none;
+  struct Case {
+    const char* what;
+    ZorPoint p;
+    double angle;
+    int code;
+  };
+  for (Case c : {
+           Case{"inside", {10, 10}, 65, -1},
+           {"far outside", {30, 10}, 65, 1},
+           {"in reach", {18.91, 10}, 65, 0},
+           {"out of reach, bound included", {10, -1.1}, 65, 1},
+           {"wide: near a diagonal", {10, -1.2}, 45, 0},
+           {"wide, diagonal of a pixel", {21, 21}, 90, 0},
+           {"wide, beyond it", {10, -1.4143}, 90, 1},
+           {"not wide at 20", {10, 18.8}, 20, -1},
+           {"wide below 20", {10, 18.8}, 19.9, 0},
+           {"wide below 0", {10, 18.8}, -65, 0},
+           {"not wide at 160", {10, 18.8}, 160, -1},
+           {"wide above 160", {10, 18.8}, 160.1, 0},
+           {"not wide at 35", {10, 18.8}, 35, -1},
+           {"not wide at 55", {10, 18.8}, 55, -1},
+           {"not wide at 80", {10, 18.8}, 80, -1},
+           {"not wide at 100", {10, 18.8}, 100, -1},
+           {"not wide at 125", {10, 18.8}, 125, -1},
+           {"not wide at 145", {10, 18.8}, 145, -1},
+           {"reduced once: 45", {10, 18.8}, 225, 0},
+           {"reduced once: 180 is 0", {10, 18.8}, 180, 0},
+           {"reduced once: above 160", {10, 18.8}, 425, 0},
+       }) {
+    SCOPED_TRACE(c.what);
+    for (const bool is_traced : {false, true}) {
+      std::optional<zor::test::TraceCapture> capture;
+      if (is_traced) capture.emplace();
+      int code = kNotWritten;
+      EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, square, c.angle, &code), 0);
+      EXPECT_EQ(code, c.code);
+      EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, c.angle, square), c.code);
+    }
+  }
+  // A vertex given twice is an edge without a distance, and does no harm.
+  ZorPointArray twice{{0, 0}, {0, 0}, {20, 0}, {20, 20}, {20, 20}, {0, 20}};
+  for (ZorPoint p : {ZorPoint(10, 10), ZorPoint(10, 30), ZorPoint(19.5, 19.5)}) {
+    EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(p, 65, twice),
+              ZorGeometryMeasure().PointToPolygonPosRelation2(p, 65, square));
+  }
+  int code = kNotWritten;
+  ZorPoint p(5, 5);
+  EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(p, none, 0, &code),
+            GM_E_TOO_FEW_POINTS);
+  EXPECT_EQ(code, kNotWritten);
+  EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(p, 0, none), 1);
 }
 
 TEST(PolygonRelation, AgreesWithTheAnglesSeen) {
