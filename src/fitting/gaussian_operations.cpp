@@ -33,6 +33,7 @@ long ZorGeometryMeasure::FitGaussianCurve(ZorPointArray& points, double* amplitu
   return fitting::Vanishes(peak) ? GM_E_DEGENERATE_RESULT : GM_OK;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes a copy.
 long ZorGeometryMeasure::FitGaussianCurve(ZorPointArray points, int maxIterations,
                                           ZorVarArray* parameters) {
   Trace trace("FitGaussianCurve");
