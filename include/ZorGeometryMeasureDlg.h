@@ -203,6 +203,14 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Contours and defects ====================================================================
 
+  /// ZorGeometryMeasureTools::GetPolygon2: reduces an outline to a polygon, whose vertices are
+  /// points of the outline in single precision. Traced as "FindPolygon".
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  tolerance <= 0
+  /// @retval GM_E_PARAM_3  n < 0
+  long FindPolygon(ZorPointArray& points, double tolerance, int n, bool closed,
+                   ZorPointArray* polygon);
+
   // ==== Images ==================================================================================
 
   long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);

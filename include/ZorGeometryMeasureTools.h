@@ -4,7 +4,8 @@
 #include "zorgeometrymeasure_export.h"
 #include <ZorData.h>
 
-/// Vector, polygon and contour tools beside the measuring operations. No state. Not traced.
+/// Vector, polygon and contour tools beside the measuring operations. No state. The conventions of
+/// ZorGeometryMeasure hold, but that nothing is traced unless it says so.
 class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
  public:
   ZorGeometryMeasureTools() noexcept = default;
@@ -15,4 +16,37 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
 
   /// Mean of the points; of an empty list, not a number.
   ZorPoint PointArrayCenter(ZorPointArray& points);
+
+  // ==== Polygons ================================================================================
+  // Vertices come out as points of the input rounded to single precision, in the order of the
+  // contour. Tolerances are distances in pixels.
+
+  /// Replaces `polygon` by the contour's approximation by OpenCV's approxPolyDP, taken as closed.
+  /// It can start anywhere on the contour. A tolerance of 0 drops only points in line.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_2  tolerance is not in [0, 1e30)
+  long GetPolygon(ZorContour& contour, double tolerance, ZorPointArray* polygon);
+
+  /// Replaces `polygon` by the fewest vertices that splitting where the outline deviates most
+  /// leaves: every point lies within the tolerance (inclusive) of the side that stands for it. A
+  /// vertex that its neighbours can do without, the top of a bump that is within the tolerance,
+  /// say, is dropped again. With n above 0 there are at most n vertices, those found first; 0 sets
+  /// no bound. An outline that is not closed keeps its ends; a closed one may start at any of its
+  /// points and comes out from the lowest index on.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
+  /// @retval GM_E_PARAM_2  tolerance <= 0
+  /// @retval GM_E_PARAM_3  n < 0
+  long GetPolygon2(ZorPointArray& points, double tolerance, int n, bool closed,
+                   ZorPointArray* polygon);
+
+  /// Orders the vertices of a convex polygon, in place, by their direction from the mean of all of
+  /// them: from +x towards +y (clockwise on the screen), angles in [0, 360) ascending. Always
+  /// GM_OK.
+  long OrderConvexPolygonVertex(ZorPointArray& points);
+
+  /// Brings a polygon, in place, into standard form: clockwise on the screen, starting at its
+  /// topmost vertex (the leftmost of several). Equal outlines thus become equal lists. A polygon
+  /// without area keeps its direction.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  long ReorganizePolygon(ZorPointArray& polygon);
 };
