@@ -779,6 +779,33 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Enclosing figures =======================================================================
 
   // ==== Contour offsetting ======================================================================
+  // The result replaces `result`, which may be the contour itself. None is traced itself.
+
+  /// The contour scaled about `centre`: every point goes to centre + factor (point - centre).
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_3  factor <= 0
+  long ContourScaling(ZorContour& contour, ZorPoint& centre, double factor, ZorContour* result);
+
+  /// Inert: returns GM_OK and leaves `result` as it is.
+  long ContourScaling2(ZorContour& contour, ZorPoint& centre, ZorContour* result, double factor);
+
+  /// Offsets an open contour. With 15 points or more every point moves along the normal of a
+  /// parabola through it and its neighbours, five on either side, and all normals point to one side
+  /// of the contour. On a flat start, where that parabola is y(x), a positive distance moves to +y
+  /// if the first step goes to the right or straight up or down, and to -y if it goes to the left;
+  /// the first point alone always moves by the distance as given. A shorter contour, of 3 to 14
+  /// points, grows by the distance from its PolygonWeightCenter (a point there is not finite);
+  /// "PointArrayCenter" is recorded where that falls back to the mean. A distance of 0 copies.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  long ContourScaling3(ZorContour& contour, double distance, ZorContour* result);
+
+  /// Offsets a closed contour: outwards by a positive distance, inwards by a negative one, wherever
+  /// the contour starts and whichever way it runs. Which side is outside is tried at the first
+  /// point. Points, codes and records otherwise as ContourScaling3, the neighbours taken cyclically.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  long ContourScaling_Closed(ZorContour& contour, double distance, ZorContour* result);
 
   // ==== Convex points, curvature, search lines ==================================================
 

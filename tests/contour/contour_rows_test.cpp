@@ -1,17 +1,31 @@
 #include <gtest/gtest.h>
 
 #include "support/operation_rows.h"
+#include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 #include <ZorGeometryMeasureTools.h>
 
 using zor::test::Want;
 
 TEST(ContourOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
+  ZorGeometryMeasure m;
   ZorGeometryMeasureTools tools;
   ZORMV::ZorGeometryMeasureDlg dlg;
   ZorContour contour = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
   ZorPointArray points = {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, polygon;
+  ZorContour in_line = {{0, 0}, {1, 0}, {3, 0}, {2, 0}}, result;
+  ZorPoint centre(5, 5);
   zor::test::CheckRows({
+      {"ContourScaling", "",
+       [&](bool w) { return m.ContourScaling(contour, centre, 2, Want(w, result)); }},
+      {"ContourScaling2", "",
+       [&](bool w) { return m.ContourScaling2(contour, centre, Want(w, result), 2); }},
+      {"ContourScaling3", "",
+       [&](bool w) { return m.ContourScaling3(contour, 2, Want(w, result)); }},
+      {"ContourScaling3, a short one in line", "+PointArrayCenter -PointArrayCenter",
+       [&](bool w) { return m.ContourScaling3(in_line, 2, Want(w, result)); }},
+      {"ContourScaling_Closed", "",
+       [&](bool w) { return m.ContourScaling_Closed(contour, 2, Want(w, result)); }},
       {"Tools::GetPolygon", "",
        [&](bool w) { return tools.GetPolygon(contour, 1, Want(w, polygon)); }},
       {"Tools::GetPolygon2", "",
