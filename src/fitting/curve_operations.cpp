@@ -21,11 +21,6 @@ namespace {
 constexpr int kMostOrder = 20;
 constexpr unsigned kMostPasses = 99;
 
-template <typename Values>
-bool AnyNaN(const Values& values) {
-  return std::any_of(values.begin(), values.end(), [](double value) { return std::isnan(value); });
-}
-
 /// The two settings that the curve generators share, as they use them.
 struct Settings {
   // Deliberate: clipping distances are whole numbers here. One that is not a number clips all
@@ -58,7 +53,7 @@ long ZorGeometryMeasure::GenPolynomialCurve(ZorPointArray& points, int order, in
   const Settings settings(intSetting, realSetting);
   const auto fitted =
       fitting::FitPolynomialSquares(points.View(), order, settings.passes, settings.clip);
-  if (!fitted || AnyNaN(*fitted)) return GM_E_FIT_FAILED;
+  if (!fitted) return GM_E_FIT_FAILED;
   const auto y_at = [&](double x) { return fitting::PolynomialAt(*fitted, x); };
   return fitting::StoreCurve(points, *fitted, y_at, coefficients, curve);
 }
@@ -72,7 +67,6 @@ long ZorGeometryMeasure::GenGaussianCurve(ZorPointArray& points, int intSetting,
   const CurveParameters fitted =
       fitting::FitGaussian(points.View(), settings.passes, settings.clip);
   if (std::any_of(fitted.begin(), fitted.end(), fitting::IsBeyondRange)) return GM_E_FIT_UNBOUNDED;
-  if (AnyNaN(fitted)) return GM_E_FIT_FAILED;
   const auto y_at = [&](double x) { return fitting::GaussianAt(fitted, x); };
   status = fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
   return status == GM_OK ? trace.Done() : status;

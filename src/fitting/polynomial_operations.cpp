@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -30,9 +29,6 @@ long CheckFit(const ZorPointArray& points, int order, int iterations, double cli
 
 long StorePolynomial(const ZorPointArray& points, const std::vector<double>& fitted,
                      ZorVarArray* coefficients, ZorPointArray* curve) {
-  if (std::any_of(fitted.begin(), fitted.end(), [](double c) { return std::isnan(c); })) {
-    return GM_E_FIT_FAILED;
-  }
   const auto y_at = [&](double x) { return fitting::PolynomialAt(fitted, x); };
   return fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
 }

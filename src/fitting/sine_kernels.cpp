@@ -181,7 +181,11 @@ std::optional<CurveParameters> FitSine(std::span<const ZorPoint> points, int pas
     return RefineSine(centred, weights, from, {.max_iterations = max_iterations});
   };
   const CurveParameters fitted = RefineInPasses(centred, *start, passes, clip, refine, SineAt);
-  return NormalisedSine(ShiftedSine(fitted, -middle));
+  const CurveParameters sine = NormalisedSine(ShiftedSine(fitted, -middle));
+  if (!std::all_of(sine.begin(), sine.end(), [](double p) { return std::isfinite(p); })) {
+    return std::nullopt;
+  }
+  return sine;
 }
 
 }  // namespace zor::fitting

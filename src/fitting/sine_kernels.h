@@ -31,8 +31,8 @@ inline constexpr std::size_t kMinSinePoints = 4;
 
 /// The sine through the points, normalised, by the solver from SineStart on in `passes` re-weighted
 /// passes (curve_passes.h). x is measured from the middle meanwhile: far from the origin a change
-/// of the frequency would otherwise turn the phase. Nothing where there is no start.
-/// Precondition: a point.
+/// of the frequency would otherwise turn the phase. Nothing where there is no start or the result
+/// is not finite. Precondition: a point.
 [[nodiscard]] std::optional<CurveParameters> FitSine(std::span<const ZorPoint> points, int passes,
                                                      double clip, int max_iterations);
 
