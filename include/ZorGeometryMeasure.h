@@ -229,6 +229,60 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long SSETest(ZorVarArray values, ZorVar* result);
 
   // ==== Circle and ellipse fits =================================================================
+  // Re-weighted fits: `iterations` passes; between two of them every point gets the weight
+  // 1 - (e / clipDistance)^2 for its distance e from the figure below clipDistance, else 0, which
+  // enters squared. With fewer points left than the figure has coefficients (3, or 5 for an ellipse)
+  // the fit ends with the passes done. Coordinates that are not finite give a code or results that
+  // are not finite either.
+
+  /// Circle by the closed-form algebraic fit. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  /// @retval GM_E_PARAM_1  singular sums, as for points on a line
+  long FitCircle(ZorPointArray& points, ZorPoint* center, double* radius);
+
+  /// Re-weighted least squares of the algebraic model; one iteration is the fit of FitCircle.
+  /// Traced, but one iteration leaves no end record. With GM_E_CIRCLE_FIT_FAILED the outputs are
+  /// written, unless the sums are singular.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  /// @retval GM_E_CIRCLE_FIT_FAILED  a value is not a number; with one iteration also singular sums
+  ///   or a radius below 1e-6, which more iterations accept
+  long LeastSqaureCircleFit(ZorPointArray& points, int iterations, double clipDistance,
+                            ZorPoint* center, double* radius);
+
+  /// Re-weighted least absolute residuals of the algebraic model (square pixels), at most 10 steps a
+  /// pass. Residuals beyond 2 enter the steps less 2 and cut to a whole number; one of exactly 0
+  /// makes the result not a number. Traced. With GM_E_CIRCLE_FIT_FAILED the outputs are written.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  /// @retval GM_E_CIRCLE_FIT_FAILED  a radius below 1e-6, or a value is not a number
+  long LeastAbsoluteCircleFit(ZorPointArray& points, int iterations, double clipDistance,
+                              ZorPoint* center, double* radius);
+
+  /// Centre of rotation of points that carry an angle each, in degrees. From three points on: every
+  /// three of them give the centre of the rotation by the difference of the first two's angles that
+  /// carries the first onto the second, and the mean distance of the three; of the two senses of
+  /// rotation the one that fits the three better. The result is the mean over all of them, which takes
+  /// time with the cube of the number of points. Two points: the centre lies midway between the
+  /// points where the lines through them at their angles (from +x towards +y) meet their
+  /// perpendicular bisector, snapped to four decimals, coordinates below 1e-5 to 0. Traced; two
+  /// points leave no end record, but nested ones of "LinesIntersection".
+  /// @retval GM_E_PARAM_1  fewer than 2 points
+  /// @retval GM_E_PARAM_2  not as many angles as points
+  /// @retval GM_E_DEGENERATE_LINE  two points that differ by less than 1e-6 in both coordinates
+  /// @retval GM_E_FIT_FAILED  two points of which two of the lines do not meet
+  long PointAnglePairsCircleFit(ZorPointArray& points, ZorVarArray& angles, ZorPoint* center,
+                                double* radius);
+
+  /// Centre as the mean of the intersections of the perpendicular bisectors of consecutive points,
+  /// every one with every other (parallel ones excepted), radius as the points' mean distance from
+  /// it. Centre coordinates below 1e-6, negative ones too, become 0, and the radius is taken from
+  /// there. Traced.
+  /// @retval GM_E_PARAM_1  fewer than 3 or more than 1000 points
+  /// @retval GM_E_PARAM_1  no intersection, or a value is not a number
+  long VerticalBisectorCircleFit(ZorPointArray& points, ZorPoint* center, double* radius);
 
   // ==== Curve fits and splines ==================================================================
   // Curves are functions of x. A fitted curve is listed as points every half unit from the x of

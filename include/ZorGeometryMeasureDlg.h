@@ -81,6 +81,14 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Circle and ellipse fits =================================================================
 
+  long LeastSqaureCircleFit(ZorPointArray& points, int iterations, double clipDistance,
+                            ZorPoint* center, double* radius);
+  long LeastAbsoluteCircleFit(ZorPointArray& points, int iterations, double clipDistance,
+                              ZorPoint* center, double* radius);
+  long PointAnglePairsCircleFit(ZorPointArray& points, ZorVarArray& angles, ZorPoint* center,
+                                double* radius);
+  long VerticalBisectorCircleFit(ZorPointArray& points, ZorPoint* center, double* radius);
+
   // ==== Curve fits and splines ==================================================================
 
   long LeastSqaurePolynomialFit(ZorPointArray& points, int order, int iterations,

@@ -54,12 +54,6 @@ inline constexpr std::size_t kLaneCount = std::is_same_v<Real, Pair> ? 2 : 1;
   return Pair(a.v < b.v ? value.v : Pair::Lanes{});
 }
 
-/// 1 for every lane other than 0.
-[[nodiscard]] inline double NonZero(double a) { return a != 0.0 ? 1.0 : 0.0; }
-[[nodiscard]] inline Pair NonZero(Pair a) {
-  return Pair(a.v != Pair::Lanes{} ? Pair::Lanes{1.0, 1.0} : Pair::Lanes{});
-}
-
 /// The numbers from index i on.
 template <typename Real>
 [[nodiscard]] Real Load(std::span<const double> values, std::size_t i) {

@@ -35,7 +35,6 @@ using elementary::kLaneCount;
 using elementary::Load;
 using elementary::LoadPoint;
 using elementary::Magnitude;
-using elementary::NonZero;
 using elementary::Pair;
 using elementary::Root;
 using elementary::StoreAt;
@@ -198,45 +197,50 @@ struct Equations {
 /// The weight 1 of a first pass, as a functor for Gather.
 struct UnitWeights {
   template <typename Real>
-  [[nodiscard]] Real Squared(std::size_t /*i*/) {
+  [[nodiscard]] Real Squared(std::size_t /*i*/) const {
     return Real(1.0);
   }
 };
 
-/// The squared weights by the errors of a settled model; counts those that are not zero.
+/// The weight of an error below the clipping distance, else 0.
+template <typename Real>
+[[nodiscard]] Real WeightOf(Real error, double clip) {
+  const Real ratio = error / Real(clip);
+  return WhereLess(error, Real(clip), Real(1.0) - ratio * ratio);
+}
+
+/// The squared weights by the errors of a settled model.
 template <typename Model>
 class ErrorWeights {
  public:
   ErrorWeights(const Model& model, double clip) : model_(model), clip_(clip) {}
 
   template <typename Real>
-  [[nodiscard]] Real Squared(std::size_t i) {
-    const Real error = model_.template Error<Real>(i);
-    const Real ratio = error / Real(clip_);
-    const Real weight = WhereLess(error, Real(clip_), Real(1.0) - ratio * ratio);
-    if constexpr (std::is_same_v<Real, Pair>) {
-      paired_ += NonZero(weight);
-    } else {
-      single_ += NonZero(weight);
-    }
+  [[nodiscard]] Real Squared(std::size_t i) const {
+    const Real weight = WeightOf(model_.template Error<Real>(i), clip_);
     return weight * weight;
   }
-
-  /// Exact: a double counts beyond any number of points.
-  [[nodiscard]] double Count() const { return Total(paired_) + single_; }
 
  private:
   const Model& model_;
   double clip_;
-  Pair paired_;
-  double single_ = 0.0;
 };
 
-/// Gathers the normal equations under the given weights; keep(i, w^2) sees each on the way. Returns
-/// the weights with what they counted.
+/// Whether a re-weighting leaves enough weights; mostly known after a few points, so that the sweep
+/// that gathers need not count.
+template <typename Model>
+[[nodiscard]] bool LeavesEnough(const Model& model, double clip) {
+  std::size_t left = model.MinimumWeights();
+  for (std::size_t i = 0; i < model.PointCount() && left > 0; ++i) {
+    if (WeightOf(model.template Error<double>(i), clip) != 0.0) --left;
+  }
+  return left == 0;
+}
+
+/// Gathers the normal equations under the given weights; keep(i, w^2) sees each on the way.
 template <typename Model, typename Weights, typename Keep>
-Weights Gather(const Model& model, Weights weights, Keep keep,
-               Equations<typename Model::Vector>& equations) {
+void Gather(const Model& model, const Weights& weights, Keep keep,
+            Equations<typename Model::Vector>& equations) {
   using Lane = typename Model::Lane;
   constexpr std::size_t kStep = kLaneCount<Lane>;
   typename Model::template Sums<Lane> sums(model);
@@ -256,7 +260,6 @@ Weights Gather(const Model& model, Weights weights, Keep keep,
   equations.Clear();
   sums.AddTo(equations.matrix, equations.right_side);
   rest.AddTo(equations.matrix, equations.right_side);
-  return weights;
 }
 
 /// Runs the passes: pass(equations, c) solves one and says whether it could; keep(i, w^2) takes the
@@ -271,8 +274,9 @@ template <typename Model, typename Clip, typename Keep, typename Pass>
       Gather(model, UnitWeights(), keep, equations);
     } else {
       if constexpr (requires { model.FindErrors(); }) model.FindErrors();
-      const auto weights = Gather(model, ErrorWeights<Model>(model, clip(model)), keep, equations);
-      if (weights.Count() < static_cast<double>(model.MinimumWeights())) return true;
+      const double t = clip(model);
+      if (!LeavesEnough(model, t)) return true;
+      Gather(model, ErrorWeights<Model>(model, t), keep, equations);
     }
     before = c;
     if (!pass(equations, c) && Model::kStopOnFailedSolve) return false;

@@ -92,6 +92,30 @@ long ZorGeometryMeasureDlg::LeastAbsoluteLineFit(ZorPointArray& points, int iter
 
 // ==== Circle and ellipse fits ===================================================================
 
+long ZorGeometryMeasureDlg::LeastSqaureCircleFit(ZorPointArray& points, int iterations,
+                                                 double clipDistance, ZorPoint* center,
+                                                 double* radius) {
+  return ZorGeometryMeasure().LeastSqaureCircleFit(points, iterations, clipDistance, center,
+                                                   radius);
+}
+
+long ZorGeometryMeasureDlg::LeastAbsoluteCircleFit(ZorPointArray& points, int iterations,
+                                                   double clipDistance, ZorPoint* center,
+                                                   double* radius) {
+  return ZorGeometryMeasure().LeastAbsoluteCircleFit(points, iterations, clipDistance, center,
+                                                     radius);
+}
+
+long ZorGeometryMeasureDlg::PointAnglePairsCircleFit(ZorPointArray& points, ZorVarArray& angles,
+                                                     ZorPoint* center, double* radius) {
+  return ZorGeometryMeasure().PointAnglePairsCircleFit(points, angles, center, radius);
+}
+
+long ZorGeometryMeasureDlg::VerticalBisectorCircleFit(ZorPointArray& points, ZorPoint* center,
+                                                      double* radius) {
+  return ZorGeometryMeasure().VerticalBisectorCircleFit(points, center, radius);
+}
+
 // ==== Curve fits and splines ====================================================================
 
 long ZorGeometryMeasureDlg::LeastSqaurePolynomialFit(ZorPointArray& points, int order,

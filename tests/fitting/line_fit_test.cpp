@@ -275,6 +275,27 @@ TEST(SmallSolve, SingularLuKeepsFewUnknownsAndClearsMore) {
   }
 }
 
+TEST(SmallSolve, ThreeEquationsByReflectionAgreeWithTheSolver) {
+  using zor::fitting::Decomposition;
+  std::mt19937_64 rng(5);
+  std::normal_distribution<double> any(0, 1000);
+  for (int i = 0; i < 1000; ++i) {
+    std::array<double, 9> m{};
+    std::array<double, 3> b{any(rng), any(rng), any(rng)}, ours{}, theirs{};
+    for (double& value : m) value = any(rng);
+    const cv::Mat matrix(3, 3, CV_64F, m.data());
+    if (std::fabs(cv::determinant(matrix)) < 1e6) continue;  // of about 1e9
+    cv::Mat out(3, 1, CV_64F, theirs.data());
+    cv::solve(matrix, cv::Mat(3, 1, CV_64F, b.data()), out, cv::DECOMP_QR);
+    ASSERT_TRUE(zor::fitting::SolveSystem(m, b, ours, Decomposition::kQr));
+    for (const std::size_t j : {0U, 1U, 2U}) ASSERT_NEAR(ours[j], theirs[j], 1e-9);
+  }
+  std::array<double, 9> singular{1, 2, 3, 2, 4, 6, 1, 1, 1};
+  std::array<double, 3> b{1, 2, 3}, x{5, 5, 5};
+  EXPECT_FALSE(zor::fitting::SolveSystem(singular, b, x, Decomposition::kQr));
+  EXPECT_EQ(x, (std::array<double, 3>{}));
+}
+
 TEST(SmallSolve, TwoEquationsEqualTheSolverBitForBit) {
   std::mt19937_64 rng(5);
   std::normal_distribution<double> any(0, 1000);
