@@ -563,15 +563,147 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// it is measured to: semi-axes a and b, the angle of the first in degrees, counter-clockwise on
   /// the screen, converted with pi = 3.141592653. A point within 1e-5 of the centre has minus the
   /// smaller semi-axis; one on the ellipse to 1e-5 of its equation has 0 and is its own nearest
-  /// point. Else found by ten updates of an approximation, the last of them unused: right to 1e-11
-  /// of the larger semi-axis, and near the outline always, down to a ratio of 0.35 of the axes. For
-  /// thinner ellipses points outside can be off, by at most 0.24 of the larger semi-axis at a ratio
-  /// of 0.3 and 0.4 at 0.1 (found on 200000 points within twice the larger semi-axis). Traced.
+  /// point. Else found by ten updates of an approximation, the last of them unused. Its error,
+  /// found on points within twice the larger semi-axis a: below 1e-8 a down to b = 0.35 a, and for
+  /// thinner ellipses (to b = 0.1 a) inside and up to a / 20 outside; farther out it reaches 0.24 a
+  /// at b = 0.3 a and 0.4 a at b = 0.1 a. A hundred times a away it is off from b = 0.45 a on.
+  /// Traced.
   /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
   /// @retval GM_E_PARAM_3  a <= 0
   /// @retval GM_E_PARAM_4  b <= 0
   long PointToOvalDistance(ZorPoint& point, ZorPoint& centre, double a, double b, double angleDeg,
                            double* distance, ZorPoint* nearestPoint);
+
+  // The operations below report pairs: the point of what is measured, then the figure's point that
+  // is nearest to it; the minimum before the maximum. An oval is given as in PointToOvalDistance,
+  // which measures it, with its errors outside thin ellipses.
+
+  /// Least and greatest distance of a list of points to a circle, negative inside as in
+  /// PointToCircleDistance. The earliest point on ties. Traced, around a nested
+  /// "PointToCircleDistance" a point.
+  /// @retval GM_E_TOO_FEW_POINTS  no point
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long PointArrayToCircleDistance(ZorPointArray& points, ZorPoint& centre, double radius,
+                                  ZorPoint* minArrayPoint, ZorPoint* minCirclePoint,
+                                  double* minDistance, ZorPoint* maxArrayPoint,
+                                  ZorPoint* maxCirclePoint, double* maxDistance);
+
+  /// Least and greatest distance of a list of points to an oval, negative inside. The earliest
+  /// point on ties. Traced, around a nested "PointToOvalDistance" a point.
+  /// @retval GM_E_TOO_FEW_POINTS  no point
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
+  long PointArrayToOvalDistance(ZorPointArray& points, ZorPoint& centre, double a, double b,
+                                double angleDeg, ZorPoint* minArrayPoint, ZorPoint* minOvalPoint,
+                                double* minDistance, ZorPoint* maxArrayPoint,
+                                ZorPoint* maxOvalPoint, double* maxDistance);
+
+  /// Least and greatest distance of a list of points to a rotated rectangle (width, height and
+  /// angle as in RectAngularToPolygon), by PointToPolygonDistance to its corners: negative inside,
+  /// 0 on the outline. The earliest point on ties. Traced, around a nested "PointToPolygonDistance"
+  /// a point.
+  /// @retval GM_E_TOO_FEW_POINTS  no point
+  /// @retval GM_E_PARAM_3  width <= 0
+  /// @retval GM_E_PARAM_4  height <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long PointArrayToRectAngularDistance(ZorPointArray& points, ZorPoint& centre, double width,
+                                       double height, double angle, ZorPoint* minArrayPoint,
+                                       ZorPoint* minRectanglePoint, double* minDistance,
+                                       ZorPoint* maxArrayPoint, ZorPoint* maxRectanglePoint,
+                                       double* maxDistance);
+
+  /// Unsigned distance of a segment to a circle, 0 where it meets the outline (both points are then
+  /// the first of LineSegmentCircleIntersection). A segment within the circle is nearest to the
+  /// outline at an end. Traced, around nested "PointToSegmentDistance" and
+  /// "LineSegmentCircleIntersection" or "PointToCircleDistance".
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate
+  /// @retval GM_E_PARAM_4  radius <= 0
+  long LineSegmentToCircleDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre,
+                                   double radius, double* distance, ZorPoint* segmentPoint,
+                                   ZorPoint* circlePoint);
+  /// The same distance and the greatest one, which a segment has at an end or, deep in the circle,
+  /// in the point nearest to the centre. Where both ends are as far the maximum is the start.
+  /// Traced, with a further nested "PointToCircleDistance".
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate
+  /// @retval GM_E_PARAM_4  radius <= 0
+  long LineSegmentToCircleDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre,
+                                   double radius, double* minDistance, ZorPoint* minSegmentPoint,
+                                   ZorPoint* minCirclePoint, double* maxDistance,
+                                   ZorPoint* maxSegmentPoint, ZorPoint* maxCirclePoint);
+
+  /// The two points where the tangent of the ellipse (x/a)^2 + (y/b)^2 = 1 has the given direction;
+  /// they lie opposite each other. Nothing is checked: a direction of (0, 0) gives points that are
+  /// not numbers. Always GM_OK. Not traced.
+  long FindOvalTangentPoint(ZorPoint& direction, double a, double b, ZorPoint* tangentPoint1,
+                            ZorPoint* tangentPoint2);
+
+  /// Unsigned distance of the line through two points to an oval, in closed form; 0 where they meet
+  /// (both points are then the crossing with the larger coordinate along the longer axis, or for a
+  /// line along the shorter axis the one with the larger coordinate along that). The line is not
+  /// checked: two equal points stand for the line along the shorter axis. The last three outputs
+  /// are never written, since a line has no farthest point. Traced.
+  /// @retval GM_E_PARAM_6  angleDeg outside [0, 360]
+  /// @retval GM_E_PARAM_4  a <= 0
+  /// @retval GM_E_PARAM_5  b <= 0
+  long LineToOvalDistance(ZorPoint& lineStart, ZorPoint& lineEnd, ZorPoint& centre, double a,
+                          double b, double angleDeg, double* distance, ZorPoint* linePoint,
+                          ZorPoint* ovalPoint, double* maxDistance, ZorPoint* maxLinePoint,
+                          ZorPoint* maxOvalPoint);
+
+  /// Inert: returns GM_OK, whatever the arguments, and writes nothing; use the form with a maximum.
+  /// Not traced itself (a nested "LineSegmentOvalIntersection" is).
+  long LineSegmentToOvalDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double a,
+                                 double b, double angleDeg, double* distance,
+                                 ZorPoint* segmentPoint, ZorPoint* ovalPoint);
+  /// Least and greatest unsigned distance of a segment to the outline of an oval. The least is 0
+  /// where they meet, with the crossing nearest to the start as both points; else it lies at an end
+  /// or, past the oval, where the tangent is parallel to the segment. The greatest lies at an end
+  /// or in the deepest point within the oval. The start on ties. Traced, around nested
+  /// "PerpendicularProjection" and "PointTolineDistance" for the two tangents and
+  /// "PointToOvalDistance" for the ends and what may be the deepest point.
+  /// @retval GM_E_DEGENERATE_LINE  the segment is degenerate
+  /// @retval GM_E_PARAM_3  a <= 0 (numbered as in PointToOvalDistance)
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
+  long LineSegmentToOvalDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double a,
+                                 double b, double angleDeg, double* minDistance,
+                                 ZorPoint* minSegmentPoint, ZorPoint* minOvalPoint,
+                                 double* maxDistance, ZorPoint* maxSegmentPoint,
+                                 ZorPoint* maxOvalPoint);
+  /// The same measurement, traced under its own name; the facade's LineSegmentToOvalDistance.
+  long LineSegmentToOvalDistance2(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double a,
+                                  double b, double angleDeg, double* minDistance,
+                                  ZorPoint* minSegmentPoint, ZorPoint* minOvalPoint,
+                                  double* maxDistance, ZorPoint* maxSegmentPoint,
+                                  ZorPoint* maxOvalPoint);
+
+  /// Least and greatest distance of a contour, an open polyline, to a circle, signed as in
+  /// PointToCircleDistance. The minimum is measured along the polyline: a segment outside the
+  /// circle counts with its nearest point, one within it with its deepest (negative), and one that
+  /// meets the outline, or comes within 1e-5 of it, with 0. The maximum is measured at the contour
+  /// points, which for the signed distance is that of the polyline. `distances` is replaced by the
+  /// signed distances of all contour points in order. The earliest on ties; segments without a
+  /// direction are passed over, and a contour with none that has one counts with its first point.
+  /// Traced, around a nested "PointToCircleDistance" a point and "LineSegmentToCircleDistance" a
+  /// segment.
+  /// @retval GM_E_EMPTY_CONTOUR  no point
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long CircleToContourDistance(ZorContour& contour, ZorPoint& centre, double radius,
+                               ZorVarArray* distances, ZorPoint* minContourPoint,
+                               ZorPoint* minCirclePoint, double* minDistance,
+                               ZorPoint* maxContourPoint, ZorPoint* maxCirclePoint,
+                               double* maxDistance);
+  /// The same for an oval; on the outline is what PointToOvalDistance puts there. Traced, around a
+  /// nested "PointToOvalDistance" a point and "LineSegmentToOvalDistance" a segment.
+  /// @retval GM_E_EMPTY_CONTOUR  no point
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
+  long OvalToContourDistance(ZorContour& contour, ZorPoint& centre, double a, double b,
+                             double angleDeg, ZorVarArray* distances, ZorPoint* minContourPoint,
+                             ZorPoint* minOvalPoint, double* minDistance, ZorPoint* maxContourPoint,
+                             ZorPoint* maxOvalPoint, double* maxDistance);
 
   // ==== Intersections of lines and segments =====================================================
   // Lines are given by two points on them, segments by their ends, which belong to them.

@@ -145,6 +145,40 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
                              ZorPoint* nearestPoint);
   long PointToOvalDistance(ZorPoint& point, ZorPoint& centre, double a, double b, double angleDeg,
                            double* distance, ZorPoint* nearestPoint);
+  long PointArrayToCircleDistance(ZorPointArray& points, ZorPoint& centre, double radius,
+                                  ZorPoint* minArrayPoint, ZorPoint* minCirclePoint,
+                                  double* minDistance, ZorPoint* maxArrayPoint,
+                                  ZorPoint* maxCirclePoint, double* maxDistance);
+  long PointArrayToOvalDistance(ZorPointArray& points, ZorPoint& centre, double a, double b,
+                                double angleDeg, ZorPoint* minArrayPoint, ZorPoint* minOvalPoint,
+                                double* minDistance, ZorPoint* maxArrayPoint,
+                                ZorPoint* maxOvalPoint, double* maxDistance);
+  long PointArrayToRectAngularDistance(ZorPointArray& points, ZorPoint& centre, double width,
+                                       double height, double angle, ZorPoint* minArrayPoint,
+                                       ZorPoint* minRectanglePoint, double* minDistance,
+                                       ZorPoint* maxArrayPoint, ZorPoint* maxRectanglePoint,
+                                       double* maxDistance);
+  /// Forwards to the form with a maximum.
+  long LineSegmentToCircleDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre,
+                                   double radius, double* minDistance, ZorPoint* minSegmentPoint,
+                                   ZorPoint* minCirclePoint, double* maxDistance,
+                                   ZorPoint* maxSegmentPoint, ZorPoint* maxCirclePoint);
+  /// Forwards to LineSegmentToOvalDistance2.
+  long LineSegmentToOvalDistance(ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double a,
+                                 double b, double angleDeg, double* minDistance,
+                                 ZorPoint* minSegmentPoint, ZorPoint* minOvalPoint,
+                                 double* maxDistance, ZorPoint* maxSegmentPoint,
+                                 ZorPoint* maxOvalPoint);
+  /// Forwards to CircleToContourDistance, without its list.
+  long ContourToCircleDistance(ZorContour& contour, ZorPoint& centre, double radius,
+                               ZorPoint* minContourPoint, ZorPoint* minCirclePoint,
+                               double* minDistance, ZorPoint* maxContourPoint,
+                               ZorPoint* maxCirclePoint, double* maxDistance);
+  /// Forwards to OvalToContourDistance, without its list.
+  long ContourToOvalDistance(ZorContour& contour, ZorPoint& centre, double a, double b,
+                             double angleDeg, ZorPoint* minContourPoint, ZorPoint* minOvalPoint,
+                             double* minDistance, ZorPoint* maxContourPoint, ZorPoint* maxOvalPoint,
+                             double* maxDistance);
 
   // ==== Intersections of lines and segments =====================================================
 

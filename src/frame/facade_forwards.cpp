@@ -248,6 +248,75 @@ long ZorGeometryMeasureDlg::PointToOvalDistance(ZorPoint& point, ZorPoint& centr
                                                   nearestPoint);
 }
 
+long ZorGeometryMeasureDlg::PointArrayToCircleDistance(ZorPointArray& points, ZorPoint& centre,
+                                                       double radius, ZorPoint* minArrayPoint,
+                                                       ZorPoint* minCirclePoint,
+                                                       double* minDistance, ZorPoint* maxArrayPoint,
+                                                       ZorPoint* maxCirclePoint,
+                                                       double* maxDistance) {
+  return ZorGeometryMeasure().PointArrayToCircleDistance(points, centre, radius, minArrayPoint,
+                                                         minCirclePoint, minDistance, maxArrayPoint,
+                                                         maxCirclePoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PointArrayToOvalDistance(ZorPointArray& points, ZorPoint& centre,
+                                                     double a, double b, double angleDeg,
+                                                     ZorPoint* minArrayPoint,
+                                                     ZorPoint* minOvalPoint, double* minDistance,
+                                                     ZorPoint* maxArrayPoint,
+                                                     ZorPoint* maxOvalPoint, double* maxDistance) {
+  return ZorGeometryMeasure().PointArrayToOvalDistance(points, centre, a, b, angleDeg,
+                                                       minArrayPoint, minOvalPoint, minDistance,
+                                                       maxArrayPoint, maxOvalPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PointArrayToRectAngularDistance(
+    ZorPointArray& points, ZorPoint& centre, double width, double height, double angle,
+    ZorPoint* minArrayPoint, ZorPoint* minRectanglePoint, double* minDistance,
+    ZorPoint* maxArrayPoint, ZorPoint* maxRectanglePoint, double* maxDistance) {
+  return ZorGeometryMeasure().PointArrayToRectAngularDistance(
+      points, centre, width, height, angle, minArrayPoint, minRectanglePoint, minDistance,
+      maxArrayPoint, maxRectanglePoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::LineSegmentToCircleDistance(
+    ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double radius, double* minDistance,
+    ZorPoint* minSegmentPoint, ZorPoint* minCirclePoint, double* maxDistance,
+    ZorPoint* maxSegmentPoint, ZorPoint* maxCirclePoint) {
+  return ZorGeometryMeasure().LineSegmentToCircleDistance(
+      segStart, segEnd, centre, radius, minDistance, minSegmentPoint, minCirclePoint, maxDistance,
+      maxSegmentPoint, maxCirclePoint);
+}
+
+long ZorGeometryMeasureDlg::LineSegmentToOvalDistance(
+    ZorPoint& segStart, ZorPoint& segEnd, ZorPoint& centre, double a, double b, double angleDeg,
+    double* minDistance, ZorPoint* minSegmentPoint, ZorPoint* minOvalPoint, double* maxDistance,
+    ZorPoint* maxSegmentPoint, ZorPoint* maxOvalPoint) {
+  return ZorGeometryMeasure().LineSegmentToOvalDistance2(
+      segStart, segEnd, centre, a, b, angleDeg, minDistance, minSegmentPoint, minOvalPoint,
+      maxDistance, maxSegmentPoint, maxOvalPoint);
+}
+
+long ZorGeometryMeasureDlg::ContourToCircleDistance(ZorContour& contour, ZorPoint& centre,
+                                                    double radius, ZorPoint* minContourPoint,
+                                                    ZorPoint* minCirclePoint, double* minDistance,
+                                                    ZorPoint* maxContourPoint,
+                                                    ZorPoint* maxCirclePoint, double* maxDistance) {
+  return ZorGeometryMeasure().CircleToContourDistance(contour, centre, radius, nullptr,
+                                                      minContourPoint, minCirclePoint, minDistance,
+                                                      maxContourPoint, maxCirclePoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::ContourToOvalDistance(ZorContour& contour, ZorPoint& centre, double a,
+                                                  double b, double angleDeg,
+                                                  ZorPoint* minContourPoint, ZorPoint* minOvalPoint,
+                                                  double* minDistance, ZorPoint* maxContourPoint,
+                                                  ZorPoint* maxOvalPoint, double* maxDistance) {
+  return ZorGeometryMeasure().OvalToContourDistance(contour, centre, a, b, angleDeg, nullptr,
+                                                    minContourPoint, minOvalPoint, minDistance,
+                                                    maxContourPoint, maxOvalPoint, maxDistance);
+}
+
 // ==== Intersections of lines and segments =======================================================
 
 long ZorGeometryMeasureDlg::LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre,
