@@ -916,6 +916,23 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long PointToPolygonPosRelation2(ZorPoint& point, double angle, ZorPointArray& polygon);
 
   // ==== Selection by region =====================================================================
+  // Kept are the points whose relation to the region is not "outside", in order.
+
+  /// Appends to `selected` the points inside or on a polygon, by PointToPolygonPosRelation. Runs in
+  /// parallel; the result does not depend on the number of threads. Fast for any number of points
+  /// and vertices while no sink is attached, through an index over the polygon. Traced, around a
+  /// nested "PointToPolygonPosRelation" for each point, from several threads and so interleaved,
+  /// unless `selected` is null.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points, or fewer than 3 vertices
+  long PointArraySelectedByPolygon(ZorPointArray& points, ZorPointArray& polygon,
+                                   ZorPointArray* selected);
+
+  /// Replaces `selected`, which may be the list of the points, by the points inside or on a circle.
+  /// Traced, around a nested "PointToCirclePosRelation" for each point unless `selected` is null.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long PointArraySelectedByCircle(ZorPointArray& points, ZorPoint& centre, double radius,
+                                  ZorPointArray* selected);
 
   // ==== Area, centroid, moments =================================================================
   // A polygon's closing edge, from the last vertex to the first, is implied. Signed results are

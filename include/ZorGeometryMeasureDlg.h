@@ -223,6 +223,64 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
                              double angle, int* code);
 
   // ==== Selection by region =====================================================================
+  // Kept are the points whose relation to the region is not "outside", in order. Those methods that
+  // do not forward replace `selected`, which may be an input, are traced under their own names, and
+  // leave nested records of the relation of each point: "PointToCirclePosRelation",
+  // "PointToOvalPosRelation" or, for rectangles, polygons and contours, which count as closed,
+  // "PointToPolygonPosRelation". The point forms end before that when `selected` is null.
+
+  long PointArraySelectedByPolygon(ZorPointArray& points, ZorPointArray& polygon,
+                                   ZorPointArray* selected);
+  long PointArraySelectedByCircle(ZorPointArray& points, ZorPoint& centre, double radius,
+                                  ZorPointArray* selected);
+
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long PointArraySelectedByOval(ZorPointArray& points, ZorPoint& centre, double a, double b,
+                                double angle, ZorPointArray* selected);
+
+  /// By the corners of RectAngularToPolygon.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  /// @retval GM_E_PARAM_3  width <= 0
+  /// @retval GM_E_PARAM_4  height <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long PointArraySelectedByRectangular(ZorPointArray& points, ZorPoint& centre, double width,
+                                       double height, double angle, ZorPointArray* selected);
+
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  /// @retval GM_E_EMPTY_CONTOUR  the region is empty
+  /// @retval GM_E_PARAM_2  the region has fewer than 4 points
+  long PointArraySelectedByContours(ZorPointArray& points, ZorContour& region,
+                                    ZorPointArray* selected);
+
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_PARAM_3  radius <= 0
+  long ContourSelectedByCircle(ZorContour& contour, ZorPoint& centre, double radius,
+                               ZorContour* selected);
+
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_PARAM_3  a <= 0
+  /// @retval GM_E_PARAM_4  b <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long ContourSelectedByOval(ZorContour& contour, ZorPoint& centre, double a, double b,
+                             double angle, ZorContour* selected);
+
+  /// By the corners of RectAngularToPolygon.
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_PARAM_3  width <= 0
+  /// @retval GM_E_PARAM_4  height <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  long ContourSelectedByRectangular(ZorContour& contour, ZorPoint& centre, double width,
+                                    double height, double angle, ZorContour* selected);
+
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
+  long ContourSelectedByPolygon(ZorContour& contour, ZorPointArray& polygon, ZorContour* selected);
+
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty, or the region has fewer than 4 points
+  long ContourSelectedByContour(ZorContour& contour, ZorContour& region, ZorContour* selected);
 
   // ==== Area, centroid, moments =================================================================
 

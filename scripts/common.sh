@@ -8,8 +8,8 @@ build_packages=(g++ cmake ninja-build pkg-config libopencv-dev libtbb-dev libcer
   libgoogle-glog-dev libeigen3-dev libspdlog-dev libgtest-dev libgmock-dev)
 # For the benchmarks only: their library and what we are measured against.
 # shellcheck disable=SC2034
-bench_packages=(libbenchmark-dev libboost-dev libgeos-dev libcgal-dev libpolyclipping-dev
-  libgsl-dev libnanoflann-dev)
+bench_packages=(libbenchmark-dev libboost-dev libgeos-dev libgeos++-dev libcgal-dev
+  libpolyclipping-dev libgsl-dev libnanoflann-dev)
 
 fail() {
   printf '%s\n' "$*" >&2

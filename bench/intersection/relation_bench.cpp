@@ -67,6 +67,34 @@ void RelateMany(benchmark::State& state, Prepare prepare) {
   state.SetItemsProcessed(state.iterations() * static_cast<long>(kMany));
 }
 
+/// The selection as a host calls it: on all processors.
+void SelectZor(benchmark::State& state) {
+  const std::vector<ZorPoint> outline = Polygon(state);
+  const std::vector<ZorPoint> scatter = Scatter(kMany, 2);
+  ZorPointArray polygon(outline.data(), outline.size());
+  ZorPointArray points(scatter.data(), scatter.size());
+  for (auto _ : state) {
+    ZorPointArray selected;
+    benchmark::DoNotOptimize(
+        ZorGeometryMeasure().PointArraySelectedByPolygon(points, polygon, &selected));
+  }
+}
+
+/// `prepare(polygon)` gives the relation by which a peer's points are kept, one after the other.
+template <typename Prepare, typename IsKept>
+void SelectBy(benchmark::State& state, Prepare prepare, IsKept is_kept) {
+  const std::vector<ZorPoint> polygon = Polygon(state);
+  const std::vector<ZorPoint> points = Scatter(kMany, 2);
+  for (auto _ : state) {
+    auto relation = prepare(std::span(polygon));
+    std::vector<ZorPoint> selected;
+    for (const ZorPoint& p : points) {
+      if (is_kept(relation(p))) selected.push_back(p);
+    }
+    benchmark::DoNotOptimize(selected.data());
+  }
+}
+
 auto Walk(std::span<const ZorPoint> polygon) {
   return [polygon](const ZorPoint& p) { return elementary::PolygonRelation(p, polygon); };
 }
@@ -146,6 +174,12 @@ auto GeosPrepared(std::span<const ZorPoint> polygon) {
   };
 }
 
+void SelectGeos(benchmark::State& state) {
+  SelectBy(state, GeosLocator, [](geos::geom::Location location) {
+    return location != geos::geom::Location::EXTERIOR;
+  });
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Args({100, 0})->Args({100, 1})->Args({10000, 0})->Args({10000, 1});
 }
@@ -172,6 +206,15 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
   many("PolygonRelations/zor", Indexed);
   many("PolygonRelations/geos_locator", GeosLocator);
   many("PolygonRelations/geos_prepared", GeosPrepared);
+
+  benchmark::RegisterBenchmark("PointArraySelectedByPolygon/zor", SelectZor)
+      ->Apply(Sizes)
+      ->Unit(benchmark::kMillisecond)
+      ->UseRealTime();
+  benchmark::RegisterBenchmark("PointArraySelectedByPolygon/geos_locator", SelectGeos)
+      ->Apply(Sizes)
+      ->Unit(benchmark::kMillisecond)
+      ->UseRealTime();
   return true;
 }();
 

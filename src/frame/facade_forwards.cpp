@@ -400,6 +400,17 @@ long ZorGeometryMeasureDlg::PointToPolygonPosRelation(ZorPoint& point, ZorPointA
 
 // ==== Selection by region =======================================================================
 
+long ZorGeometryMeasureDlg::PointArraySelectedByPolygon(ZorPointArray& points,
+                                                        ZorPointArray& polygon,
+                                                        ZorPointArray* selected) {
+  return ZorGeometryMeasure().PointArraySelectedByPolygon(points, polygon, selected);
+}
+
+long ZorGeometryMeasureDlg::PointArraySelectedByCircle(ZorPointArray& points, ZorPoint& centre,
+                                                       double radius, ZorPointArray* selected) {
+  return ZorGeometryMeasure().PointArraySelectedByCircle(points, centre, radius, selected);
+}
+
 // ==== Area, centroid, moments ===================================================================
 
 long ZorGeometryMeasureDlg::PointArrayCenter(ZorPointArray& points, ZorPoint* centre) {
