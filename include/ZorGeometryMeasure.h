@@ -1005,7 +1005,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   /// Offsets a closed contour: outwards by a positive distance, inwards by a negative one, wherever
   /// the contour starts and whichever way it runs. Which side is outside is tried at the first
-  /// point. Points, codes and records otherwise as ContourScaling3, the neighbours taken cyclically.
+  /// point. Points, codes and records otherwise as ContourScaling3, the neighbours taken
+  /// cyclically.
   /// @retval GM_E_EMPTY_CONTOUR  no points
   /// @retval GM_E_PARAM_1  fewer than 3 points
   long ContourScaling_Closed(ZorContour& contour, double distance, ZorContour* result);
