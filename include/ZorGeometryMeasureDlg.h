@@ -205,6 +205,29 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
                          double b2, double angle2, ZorPointArray* points, double* area);
   long CircleOvalIntersection(ZorPoint& c, double r, ZorPoint& centre, double a, double b,
                               double angle, ZorPointArray* points, double* area);
+  long CircleRectangularIntersection(ZorPoint& c, double r, ZorPoint& centre, double width,
+                                     double height, double angle, ZorPointArray* points,
+                                     double* area);
+  long OvalRectangularIntersection(ZorPoint& ovalCentre, double a, double b, double ovalAngle,
+                                   ZorPoint& centre, double width, double height, double angle,
+                                   ZorPointArray* points, double* area);
+  long PolygonCircleIntersection(ZorPointArray& polygon, ZorPoint& c, double r,
+                                 ZorPointArray* points, double* area);
+  long PolygonOvalIntersection(ZorPointArray& polygon, ZorPoint& centre, double a, double b,
+                               double angle, ZorPointArray* points, double* area);
+  /// Forwards to PolygonsIntersection2.
+  long PolygonsIntersection(ZorPointArray& p, ZorPointArray& q, ZorPointArray* points,
+                            double* area);
+
+  /// Overlap of a rectangle (see RectAngularToPolygon) and a polygon, as PolygonsIntersection2.
+  /// Traced as "RectAngularPolygonIntersection", with its end record before the nested
+  /// "PolygonsIntersection2".
+  /// @retval GM_E_PARAM_2  width <= 0
+  /// @retval GM_E_PARAM_3  height <= 0
+  /// @retval GM_E_PARAM_4  angle outside [0, 360]
+  /// @retval GM_E_TOO_FEW_POINTS  the polygon has fewer than 3 vertices
+  long RectAngularPolygonIntersection(ZorPoint& centre, double width, double height, double angle,
+                                      ZorPointArray& polygon, ZorPointArray* points, double* area);
 
   // ==== Position relations ======================================================================
 

@@ -381,6 +381,37 @@ long ZorGeometryMeasureDlg::CircleOvalIntersection(ZorPoint& c, double r, ZorPoi
   return ZorGeometryMeasure().CircleOvalIntersection(c, r, centre, a, b, angle, points, area);
 }
 
+long ZorGeometryMeasureDlg::CircleRectangularIntersection(ZorPoint& c, double r, ZorPoint& centre,
+                                                          double width, double height, double angle,
+                                                          ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().CircleRectangularIntersection(c, r, centre, width, height, angle,
+                                                            points, area);
+}
+
+long ZorGeometryMeasureDlg::OvalRectangularIntersection(ZorPoint& ovalCentre, double a, double b,
+                                                        double ovalAngle, ZorPoint& centre,
+                                                        double width, double height, double angle,
+                                                        ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().OvalRectangularIntersection(ovalCentre, a, b, ovalAngle, centre,
+                                                          width, height, angle, points, area);
+}
+
+long ZorGeometryMeasureDlg::PolygonCircleIntersection(ZorPointArray& polygon, ZorPoint& c, double r,
+                                                      ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().PolygonCircleIntersection(polygon, c, r, points, area);
+}
+
+long ZorGeometryMeasureDlg::PolygonOvalIntersection(ZorPointArray& polygon, ZorPoint& centre,
+                                                    double a, double b, double angle,
+                                                    ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().PolygonOvalIntersection(polygon, centre, a, b, angle, points, area);
+}
+
+long ZorGeometryMeasureDlg::PolygonsIntersection(ZorPointArray& p, ZorPointArray& q,
+                                                 ZorPointArray* points, double* area) {
+  return ZorGeometryMeasure().PolygonsIntersection2(p, q, points, area);
+}
+
 // ==== Position relations ========================================================================
 
 long ZorGeometryMeasureDlg::PointToCirclePosRelation(ZorPoint& point, ZorPoint& centre,

@@ -140,4 +140,19 @@ long ZorGeometryMeasureDlg::ContourSelectedByContour(ZorContour& contour, ZorCon
   return trace.Done();
 }
 
+long ZorGeometryMeasureDlg::RectAngularPolygonIntersection(ZorPoint& centre, double width,
+                                                           double height, double angle,
+                                                           ZorPointArray& polygon,
+                                                           ZorPointArray* points, double* area) {
+  Trace trace("RectAngularPolygonIntersection");
+  ZorGeometryMeasure measure;
+  ZorPointArray rectangle;
+  const long status = measure.RectAngularToPolygon(centre, width, height, angle, &rectangle);
+  if (status != GM_OK) return status;
+  if (polygon.Length() <= 2) return GM_E_TOO_FEW_POINTS;
+  // Deliberate: the end record comes before the measurement, whose status is what counts.
+  static_cast<void>(trace.Done());
+  return measure.PolygonsIntersection2(rectangle, polygon, points, area);
+}
+
 }  // namespace ZORMV

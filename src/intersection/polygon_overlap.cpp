@@ -18,69 +18,78 @@ namespace {
 struct Parts {
   explicit Parts(std::span<const ZorPoint> polygon) {
     if (IsConvex(polygon)) {
-      core.Add(polygon);
-      return;
+      cut.core.assign(polygon.begin(), polygon.end());
+    } else {
+      cut = CutEars(polygon);
     }
-    const CutPolygon cut = CutEars(polygon);
     core.Add(cut.core);
+    boxes.reserve(cut.pieces.size());
     for (const std::vector<ZorPoint>& piece : cut.pieces) {
       pieces.Add(piece);
       boxes.push_back(BoxOf(piece));
     }
   }
 
+  CutPolygon cut;
   ConvexPieces core;
   ConvexPieces pieces;
   std::vector<PieceBox> boxes;  // of the pieces
 };
 
-/// Sum of the areas that the pieces of a list share with one convex polygon.
+/// Sum of the areas that the pieces of one polygon share with the core of the other.
 class ConvexPolygonIntersectionArrayTbb {
  public:
-  ConvexPolygonIntersectionArrayTbb(const Parts& parts, const ConvexSides& core,
-                                    const PieceBox& box)
-      : parts_(&parts), core_(core), box_(box) {}
-  ConvexPolygonIntersectionArrayTbb(const ConvexPolygonIntersectionArrayTbb& other, tbb::split)
-      : parts_(other.parts_), core_(other.core_), box_(other.box_) {}
+  ConvexPolygonIntersectionArrayTbb(const Parts& parts, const Parts& other, const PieceBox& box,
+                                    const PairWitness& witness)
+      : parts_(&parts), other_(&other), box_(&box), witness_(&witness) {}
+  ConvexPolygonIntersectionArrayTbb(const ConvexPolygonIntersectionArrayTbb& body, tbb::split)
+      : parts_(body.parts_), other_(body.other_), box_(body.box_), witness_(body.witness_) {}
 
   void operator()(const tbb::blocked_range<std::size_t>& range) {
+    const ConvexSides core = other_->core.Sides(0);
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
-      if (parts_->boxes[i].Meets(box_)) sum_.Add(OverlapArea(parts_->pieces.Sides(i), core_));
+      if (!parts_->boxes[i].Meets(*box_)) continue;
+      if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->cut.core);
+      sum_.Add(OverlapArea(parts_->pieces.Sides(i), core));
     }
   }
-  void join(const ConvexPolygonIntersectionArrayTbb& other) { sum_.Add(other.sum_); }
+  void join(const ConvexPolygonIntersectionArrayTbb& body) { sum_.Add(body.sum_); }
   [[nodiscard]] const CompensatedSum& Sum() const { return sum_; }
 
  private:
   const Parts* parts_;
-  ConvexSides core_;
-  PieceBox box_;
+  const Parts* other_;
+  const PieceBox* box_;  // of the other polygon
+  const PairWitness* witness_;
   CompensatedSum sum_;
 };
 
-/// Sum of the areas that the pieces of two lists share, every one with every one.
+/// Sum of the areas that the pieces of two polygons share, every one with every one.
 class ConvexPolygonIntersectionTbb {
  public:
-  ConvexPolygonIntersectionTbb(const Parts& parts, const Parts& others, const BoxTree& tree)
-      : parts_(&parts), others_(&others), tree_(&tree) {}
-  ConvexPolygonIntersectionTbb(const ConvexPolygonIntersectionTbb& other, tbb::split)
-      : parts_(other.parts_), others_(other.others_), tree_(other.tree_) {}
+  ConvexPolygonIntersectionTbb(const Parts& parts, const Parts& other, const BoxTree& tree,
+                               const PairWitness& witness)
+      : parts_(&parts), other_(&other), tree_(&tree), witness_(&witness) {}
+  ConvexPolygonIntersectionTbb(const ConvexPolygonIntersectionTbb& body, tbb::split)
+      : parts_(body.parts_), other_(body.other_), tree_(body.tree_), witness_(body.witness_) {}
 
   void operator()(const tbb::blocked_range<std::size_t>& range) {
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
       const ConvexSides sides = parts_->pieces.Sides(i);
       tree_->VisitMeeting(parts_->boxes[i], [&](std::size_t k) {
-        sum_.Add(OverlapArea(sides, others_->pieces.Sides(k)));
+        if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->cut.pieces[k]);
+        sum_.Add(OverlapArea(sides, other_->pieces.Sides(k)));
       });
     }
   }
-  void join(const ConvexPolygonIntersectionTbb& other) { sum_.Add(other.sum_); }
+  void join(const ConvexPolygonIntersectionTbb& body) { sum_.Add(body.sum_); }
   [[nodiscard]] const CompensatedSum& Sum() const { return sum_; }
 
  private:
   const Parts* parts_;
-  const Parts* others_;
+  const Parts* other_;
   const BoxTree* tree_;
+  const PairWitness* witness_;
   CompensatedSum sum_;
 };
 
@@ -95,23 +104,23 @@ void AddReduced(Body body, std::size_t count, CompensatedSum& sum) {
 
 }  // namespace
 
-double PolygonOverlapArea(std::span<const ZorPoint> p, std::span<const ZorPoint> q) {
+double PolygonOverlapArea(std::span<const ZorPoint> p, std::span<const ZorPoint> q,
+                          const PairWitness& witness) {
   const PieceBox p_box = BoxOf(p);
   const PieceBox q_box = BoxOf(q);
   if (!p_box.Meets(q_box)) return 0.0;
   const Parts p_parts(p);
   const Parts q_parts(q);
-  const ConvexSides p_core = p_parts.core.Sides(0);
-  const ConvexSides q_core = q_parts.core.Sides(0);
   const std::size_t p_count = p_parts.pieces.Count();
   const std::size_t q_count = q_parts.pieces.Count();
+  if (witness) witness(p_parts.cut.core, q_parts.cut.core);
   CompensatedSum sum;
-  sum.Add(OverlapArea(p_core, q_core));
-  AddReduced(ConvexPolygonIntersectionArrayTbb(p_parts, q_core, q_box), p_count, sum);
-  AddReduced(ConvexPolygonIntersectionArrayTbb(q_parts, p_core, p_box), q_count, sum);
+  sum.Add(OverlapArea(p_parts.core.Sides(0), q_parts.core.Sides(0)));
+  AddReduced(ConvexPolygonIntersectionArrayTbb(p_parts, q_parts, q_box, witness), p_count, sum);
+  AddReduced(ConvexPolygonIntersectionArrayTbb(q_parts, p_parts, p_box, witness), q_count, sum);
   if (p_count > 0 && q_count > 0) {
     const BoxTree tree(q_parts.boxes);
-    AddReduced(ConvexPolygonIntersectionTbb(p_parts, q_parts, tree), p_count, sum);
+    AddReduced(ConvexPolygonIntersectionTbb(p_parts, q_parts, tree, witness), p_count, sum);
   }
   return sum.Value();
 }
