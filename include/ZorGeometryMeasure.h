@@ -549,6 +549,94 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
                                     ZorPoint* maxPointOnSegment, ZorPoint* maxPointOnPolygon);
 
   // ==== Distances of contours and point sets ====================================================
+  // Contours are open polylines: the last point is not joined to the first. Of equal distances the
+  // first in order is reported. An output is sought only when one of its pointers is not null.
+
+  /// Distance of a point from a contour, by mode: 0 from its points; 1 the nearest point of the
+  /// polyline, but the farthest of its points (a point within 1e-5 of a segment's end is at
+  /// distance 0 from it). Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_PARAM_3  mode is not 0 or 1
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long PointToContourDistance(ZorContour& contour, ZorPoint point, int mode, ZorPoint* minPoint,
+                              double* minDistance, ZorPoint* maxPoint, double* maxDistance);
+
+  /// The points of a contour nearest to and farthest from a line. A minimum up to twice the square
+  /// root of 2 (inclusive) is reported as 0, at its point. Replaces `distances` by the distances of
+  /// all points in order, as they are, or of the first one alone when neither minimum nor maximum
+  /// is wanted. Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_DEGENERATE_LINE  the line's points lie within 0.0005 (inclusive)
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long LineToContourDistance(ZorContour& contour, ZorPoint lineStart, ZorPoint lineEnd,
+                             ZorVarArray* distances, ZorPoint* minPoint, double* minDistance,
+                             ZorPoint* maxPoint, double* maxDistance);
+
+  /// The same for a segment.
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_DEGENERATE_LINE  the segment's ends lie within 0.0005 (inclusive)
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long ContourToLineSegmentDistance1(ZorContour& contour, ZorPoint& segStart, ZorPoint& segEnd,
+                                     ZorVarArray* distances, ZorPoint* minPoint,
+                                     double* minDistance, ZorPoint* maxPoint, double* maxDistance);
+
+  /// Distance of contours A and B, by mode:
+  ///  - 0: of their points; the nearest and the farthest pair;
+  ///  - 1: of the points of A from the polyline B, as PointToContourDistance; the point of A that
+  ///  is
+  ///    nearest to B, and the one whose nearest distance is the largest;
+  ///  - 2: of the segments of A from those of B, as mode 0 of LineToLineDistance with its loose
+  ///  test
+  ///    (segments that line up have distance 0 however far apart); the segment of A that is nearest
+  ///    to B, and the one whose nearest distance is the largest.
+  /// So the maxima of modes 1 and 2 are one-sided nearest distances, from A to B. Takes about
+  /// n log n; the longer the jumps between neighbours in the polylines of modes 1 and 2, the nearer
+  /// it gets to all pairs. Traced, around a record pair of PointToContourDistance for every point
+  /// of A, or, in mode 2, the records of LineToLineDistance for every pair of segments; with a sink
+  /// attached all pairs are measured.
+  /// @retval GM_E_EMPTY_CONTOUR  either contour is empty
+  /// @retval GM_E_PARAM_3  mode is not 0, 1 or 2
+  /// @retval GM_E_PARAM_2  mode 1, B has a single point
+  /// @retval GM_E_PARAM_1  mode 2, either contour has a single point
+  /// @retval GM_E_DEGENERATE_LINE  mode 2, two neighbouring points lie within 0.0005 (inclusive)
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long ContourToContourDistance(ZorContour& contourA, ZorContour& contourB, int mode,
+                                ZorPoint* minPointA, ZorPoint* minPointB, double* minDistance,
+                                ZorPoint* maxPointA, ZorPoint* maxPointB, double* maxDistance);
+
+  /// The distances alone, of mode 0, without a record of its own.
+  long ContourToContourDistance(ZorContour& contourA, ZorContour& contourB, double* minDistance,
+                                double* maxDistance);
+
+  /// Distance of the points of contours A and B; the minimum is that of the nearest pair, the
+  /// maximum goes by mode:
+  ///  - 0: one-sided, the point of A whose nearest point of B is the farthest;
+  ///  - 1: the farthest pair;
+  ///  - 2: two-sided (the Hausdorff distance), the larger of the one-sided ones from A to B and
+  ///  from
+  ///    B to A.
+  /// Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  either contour is empty
+  /// @retval GM_E_PARAM_3  mode is not 0, 1 or 2
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long ContourToContourDistance2(ZorContour& contourA, ZorContour& contourB, int mode,
+                                 ZorPoint* minPointA, ZorPoint* minPointB, double* minDistance,
+                                 ZorPoint* maxPointA, ZorPoint* maxPointB, double* maxDistance);
+
+  /// Pairs of a point of `a` and a point of `b` with a distance in [lower, upper], by mode: 0 each
+  /// point of `a` with its nearest one of `b`, 1 with its farthest one, 2 all pairs. In the order
+  /// of `a`, then of `b`. The lists are replaced and run alongside each other, one entry a pair:
+  /// the distance, the point of `a` and its index, the point of `b` and its index; they are empty
+  /// when no pair is in the range. An infinite `upper` is no bound. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  `a` or `b` is empty
+  /// @retval GM_E_PARAM_3  lower < 0
+  /// @retval GM_E_PARAM_4  upper < lower
+  /// @retval GM_E_PARAM_5  mode is not 0, 1 or 2
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long PointArrayToPointArrayDistance(ZorPointArray& a, ZorPointArray& b, double lower,
+                                      double upper, int mode, ZorVarArray* distances,
+                                      ZorPointArray* pointsA, ZorVarArray* indicesA,
+                                      ZorPointArray* pointsB, ZorVarArray* indicesB);
 
   // ==== Distances of circles, ellipses and rectangles ===========================================
 

@@ -137,7 +137,68 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// Forwards without the nearest point.
   long PointToPolygonDistance(ZorPoint& point, ZorPointArray& polygon, double* distance);
 
+  /// The points of a list nearest to and farthest from a point, the first in order of equals.
+  /// Traced as "PointArrayToPointDistance", around a nested "PointToContourDistance".
+  /// @retval GM_E_TOO_FEW_POINTS  the list is empty
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long PointArrayToPointDistance(ZorPointArray& points, ZorPoint& point, ZorPoint* minPoint,
+                                 double* minDistance, ZorPoint* maxPoint, double* maxDistance);
+
   // ==== Distances of contours and point sets ====================================================
+
+  /// Forwards with mode 0: the distance from the points of the contour.
+  long PointToContourDistance(ZorContour& contour, ZorPoint& point, ZorPoint* minPoint,
+                              double* minDistance, ZorPoint* maxPoint, double* maxDistance);
+  /// Forwards to LineToContourDistance.
+  long ContourToLineDistance(ZorContour& contour, ZorPoint& lineStart, ZorPoint& lineEnd,
+                             ZorVarArray* distances, ZorPoint* minPoint, double* minDistance,
+                             ZorPoint* maxPoint, double* maxDistance);
+  /// Forwards to ContourToLineSegmentDistance1.
+  long ContourToLineSegmentDistance(ZorContour& contour, ZorPoint& segStart, ZorPoint& segEnd,
+                                    ZorVarArray* distances, ZorPoint* minPoint, double* minDistance,
+                                    ZorPoint* maxPoint, double* maxDistance);
+
+  /// Distance of contours A and B. Modes 0 to 2 are those of ZorGeometryMeasure, of which this
+  /// calls the form with nine arguments; the others:
+  ///  - 4: what mode 0 reports for the two contours with their coordinates rounded to single
+  ///    precision (the points reported are rounded, too), by all processors;
+  ///  - 5: the width of the band between the two, which are closed here: the narrowest and the
+  ///    widest place. The band is the region of the contour that encloses more pixels (A if as
+  ///    many) less that of the other; its width is taken at every pixel of its skeleton, as the
+  ///    distance between the points of A and of B nearest to that pixel, which are reported. Where
+  ///    no pixel is left between the two it is taken at the points of A. For parallel edges and
+  ///    concentric arcs a width is exact wherever it is taken; places are met to about a pixel.
+  ///    Contours that overlap in part have the part of the larger one outside the other as their
+  ///    band.
+  /// Traced as "ContourToContourDistance", around a nested "ContourToContourDistance" in modes 0 to
+  /// 2.
+  /// @retval (ContourToContourDistance's codes)  modes other than 4 and 5
+  /// @retval GM_E_EMPTY_CONTOUR  either contour is empty
+  /// @retval GM_E_PARAM_1  mode 5, A has a coordinate that is not finite or beyond 2^20, or is too
+  ///                       large for an image of 2^28 pixels
+  /// @retval GM_E_PARAM_2  the same for B
+  /// @retval GM_E_NO_INTERSECTION  mode 5, no pixel is enclosed by both contours
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long ContourToContourDistance(ZorContour& contourA, ZorContour& contourB, int mode,
+                                ZorPoint* minPointA, ZorPoint* minPointB, double* minDistance,
+                                ZorPoint* maxPointA, ZorPoint* maxPointB, double* maxDistance);
+
+  long PointArrayToPointArrayDistance(ZorPointArray& a, ZorPointArray& b, double lower,
+                                      double upper, int mode, ZorVarArray* distances,
+                                      ZorPointArray* pointsA, ZorVarArray* indicesA,
+                                      ZorPointArray* pointsB, ZorVarArray* indicesB);
+
+  /// Distance of the points of a list from a contour as a polyline: the point that is nearest to it
+  /// and the one whose nearest distance is the largest, each with its nearest point of the contour.
+  /// Traced as "PointArrayToContourDistance", around a nested "ContourToContourDistance" (mode 1).
+  /// @retval GM_E_TOO_FEW_POINTS  the list is empty
+  /// @retval GM_E_EMPTY_CONTOUR  the contour is empty
+  /// @retval GM_E_PARAM_2  the contour has a single point
+  /// @retval GM_E_DISTANCE_FAILED  an exception while computing
+  long PointArrayToContourDistance(ZorPointArray& points, ZorContour& contour,
+                                   ZorPoint* minPointOfArray, ZorPoint* minPointOnContour,
+                                   double* minDistance, ZorPoint* maxPointOfArray,
+                                   ZorPoint* maxPointOnContour, double* maxDistance);
 
   // ==== Distances of circles, ellipses and rectangles ===========================================
 

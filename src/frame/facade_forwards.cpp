@@ -234,6 +234,37 @@ long ZorGeometryMeasureDlg::PointToPolygonDistance(ZorPoint& point, ZorPointArra
 
 // ==== Distances of contours and point sets ======================================================
 
+long ZorGeometryMeasureDlg::PointToContourDistance(ZorContour& contour, ZorPoint& point,
+                                                   ZorPoint* minPoint, double* minDistance,
+                                                   ZorPoint* maxPoint, double* maxDistance) {
+  return ZorGeometryMeasure().PointToContourDistance(contour, point, 0, minPoint, minDistance,
+                                                     maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::ContourToLineDistance(ZorContour& contour, ZorPoint& lineStart,
+                                                  ZorPoint& lineEnd, ZorVarArray* distances,
+                                                  ZorPoint* minPoint, double* minDistance,
+                                                  ZorPoint* maxPoint, double* maxDistance) {
+  return ZorGeometryMeasure().LineToContourDistance(contour, lineStart, lineEnd, distances,
+                                                    minPoint, minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::ContourToLineSegmentDistance(ZorContour& contour, ZorPoint& segStart,
+                                                         ZorPoint& segEnd, ZorVarArray* distances,
+                                                         ZorPoint* minPoint, double* minDistance,
+                                                         ZorPoint* maxPoint, double* maxDistance) {
+  return ZorGeometryMeasure().ContourToLineSegmentDistance1(
+      contour, segStart, segEnd, distances, minPoint, minDistance, maxPoint, maxDistance);
+}
+
+long ZorGeometryMeasureDlg::PointArrayToPointArrayDistance(
+    ZorPointArray& a, ZorPointArray& b, double lower, double upper, int mode,
+    ZorVarArray* distances, ZorPointArray* pointsA, ZorVarArray* indicesA, ZorPointArray* pointsB,
+    ZorVarArray* indicesB) {
+  return ZorGeometryMeasure().PointArrayToPointArrayDistance(a, b, lower, upper, mode, distances,
+                                                             pointsA, indicesA, pointsB, indicesB);
+}
+
 // ==== Distances of circles, ellipses and rectangles =============================================
 
 long ZorGeometryMeasureDlg::PointToCircleDistance(ZorPoint& point, ZorPoint& centre, double radius,

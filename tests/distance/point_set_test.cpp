@@ -41,13 +41,11 @@ TEST(PointsToSegment, MeasuresBeyondTheEnds) {
 TEST(PointSets, EmptyIsCheckedBeforeDegenerate) {
   ZorGeometryMeasure m;
   ZorPointArray none, one{{1, 1}};
-  ZorPoint a(0, 0), close(0.0005, 0);
-  EXPECT_EQ(m.PointsToLineDistance(none, a, close, nullptr, nullptr, nullptr, nullptr),
-            GM_E_TOO_FEW_POINTS);
-  EXPECT_EQ(m.PointsToLineDistance(one, a, close, nullptr, nullptr, nullptr, nullptr),
-            GM_E_DEGENERATE_LINE);
-  EXPECT_EQ(m.PointsToSegmentDistance(none, a, close, nullptr, nullptr, nullptr, nullptr),
-            GM_E_TOO_FEW_POINTS);
-  EXPECT_EQ(m.PointsToSegmentDistance(one, a, close, nullptr, nullptr, nullptr, nullptr),
-            GM_E_DEGENERATE_LINE);
+  ZorPoint a(0, 0), b(0.0005, 0);
+  double d = 0;
+  for (const auto measure :
+       {&ZorGeometryMeasure::PointsToLineDistance, &ZorGeometryMeasure::PointsToSegmentDistance}) {
+    EXPECT_EQ((m.*measure)(none, a, b, nullptr, &d, nullptr, nullptr), GM_E_TOO_FEW_POINTS);
+    EXPECT_EQ((m.*measure)(one, a, b, nullptr, &d, nullptr, nullptr), GM_E_DEGENERATE_LINE);
+  }
 }

@@ -19,37 +19,19 @@ TEST(PolygonToLine, CrossingsAndVerticesOnTheLine) {
     double high;
     ZorPoint farthest;
   };
-  for (Case c : {
-           Case{"apart: the last vertex is the seed",
-                {{0, 5}, {2, 2}, {4, 2}},
-                2,
-                {4, 2},
-                5,
-                {0, 5}},
-           Case{"crossed by the closing edge", {{0, 4}, {4, 4}, {0, -4}}, 0, {0, 0}, 4, {0, -4}},
-           Case{"first crossing from vertex 0 on",
-                {{0, 4}, {4, 4}, {4, -4}, {8, 4}},
-                0,
-                {4, 0},
-                4,
-                {8, 4}},
-           Case{"a later vertex on the line replaces an earlier one",
-                {{0, 0}, {4, 0}, {2, 3}},
-                0,
-                {4, 0},
-                3,
-                {2, 3}},
-           Case{"a crossing after a vertex on the line",
-                {{0, 0}, {4, 2}, {5, -2}, {1, 3}},
-                0,
-                {4.5, 0},
-                3,
-                {1, 3}},
-       }) {
+  const Case cases[] = {
+      {"apart: the last vertex is the seed", {{0, 5}, {2, 2}, {4, 2}}, 2, {4, 2}, 5, {0, 5}},
+      {"the closing edge crosses", {{0, 4}, {4, 4}, {0, -4}}, 0, {0, 0}, 4, {0, -4}},
+      {"first crossing", {{0, 4}, {4, 4}, {4, -4}, {8, 4}}, 0, {4, 0}, 4, {8, 4}},
+      {"the later vertex on the line", {{0, 0}, {4, 0}, {2, 3}}, 0, {4, 0}, 3, {2, 3}},
+      {"a crossing after one", {{0, 0}, {4, 2}, {5, -2}, {1, 3}}, 0, {4.5, 0}, 3, {1, 3}},
+  };
+  for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
+    ZorPointArray polygon = c.polygon;
     ZorPoint start(-10, 0), end(10, 0), nearest, farthest;
     double low = kUntouched, high = kUntouched;
-    EXPECT_EQ(ZorGeometryMeasure().PolygonToLineDistance(c.polygon, start, end, &nearest, &low,
+    EXPECT_EQ(ZorGeometryMeasure().PolygonToLineDistance(polygon, start, end, &nearest, &low,
                                                          &farthest, &high),
               GM_OK);
     EXPECT_EQ(low, c.low);
@@ -95,12 +77,13 @@ TEST(PointToPolygon, SignFollowsTheRelation) {
     double distance;
     ZorPoint nearest;
   };
-  for (const Case& c : {
-           Case{"inside", {3, 5}, -3, {0, 5}},
-           Case{"outside", {13, 14}, 5, {10, 10}},
-           Case{"equally near edges: the closing one", {5, 5}, -5, {0, 5}},
-           Case{"near an upright edge counts as on it", {10.000009, 5}, 0, {10, 5}},
-       }) {
+  const Case cases[] = {
+      {"inside", {3, 5}, -3, {0, 5}},
+      {"outside", {13, 14}, 5, {10, 10}},
+      {"equally near edges: the closing one", {5, 5}, -5, {0, 5}},
+      {"near an upright edge counts as on it", {10.000009, 5}, 0, {10, 5}},
+  };
+  for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     ZorPoint p = c.p, nearest;
     double distance = kUntouched, of_facade = kUntouched;

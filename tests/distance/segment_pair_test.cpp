@@ -14,8 +14,8 @@ namespace {
 
 struct Case {
   const char* what;
-  ZorPoint a1, a2, b1, b2;
   int mode;
+  ZorPoint a1, a2, b1, b2;
   double distance;
   ZorPoint on_a, on_b;
 };
@@ -45,115 +45,28 @@ void Check(const Case& c) {
 
 }  // namespace
 
-TEST(LineToLine, ShortestAndLargest) {
-  for (const Case& c : {
-           Case{"ends of A: the first on ties",
-                {0, 0},
-                {4, 0},
-                {0, 3},
-                {4, 3},
-                0,
-                3,
-                {0, 0},
-                {0, 3}},
-           Case{"the second end of A", {0, 9}, {2, 4}, {0, 0}, {4, 0}, 0, 4, {2, 4}, {2, 0}},
-           Case{"an end of B", {0, 0}, {10, 0}, {5, 2}, {5, 7}, 0, 2, {5, 0}, {5, 2}},
-           Case{"crossing", {0, 0}, {4, 4}, {0, 4}, {4, 0}, 0, 0, {2, 2}, {2, 2}},
-           Case{"touching end", {0, 0}, {4, 0}, {2, 0}, {2, 5}, 0, 0, {2, 0}, {2, 0}},
-           Case{"collinear overlap: closest ends",
-                {0, 0},
-                {4, 0},
-                {3, 0},
-                {9, 0},
-                0,
-                0,
-                {4, 0},
-                {3, 0}},
-           Case{"collinear, apart", {0, 0}, {4, 0}, {50, 0}, {90, 0}, 0, 0, {4, 0}, {50, 0}},
-           Case{"near miss: 0 with the ends apart",
-                {0, 0},
-                {1, 0},
-                {0, 1e-4},
-                {1, 1e-4},
-                0,
-                0,
-                {0, 0},
-                {0, 1e-4}},
-           Case{"above the touch bound",
-                {0, 0},
-                {1, 0},
-                {0, 2e-3},
-                {1, 2e-3},
-                0,
-                2e-3,
-                {0, 0},
-                {0, 2e-3}},
-           Case{"largest: an end of A, the first on ties",
-                {0, 0},
-                {4, 0},
-                {0, 3},
-                {4, 3},
-                1,
-                3,
-                {0, 0},
-                {0, 3}},
-           Case{"largest of crossing segments",
-                {0, 0},
-                {4, 0},
-                {1, -2},
-                {1, 5},
-                1,
-                5,
-                {1, 0},
-                {1, 5}},
-       }) {
-    Check(c);
-  }
-}
-
-TEST(LineToLine, MidpointsAndLines) {
-  for (const Case& c : {
-           Case{"from the middle of A",
-                {0, 0},
-                {4, 0},
-                {3, 2},
-                {9, 2},
-                2,
-                std::sqrt(5.0),
-                {2, 0},
-                {3, 2}},
-           Case{"from the middle of B",
-                {0, 0},
-                {4, 0},
-                {3, 2},
-                {9, 2},
-                3,
-                std::sqrt(8.0),
-                {4, 0},
-                {6, 2}},
-           Case{"parallel lines", {0, 0}, {4, 0}, {7, 3}, {9, 3}, 4, 3, {0, 0}, {0, 3}},
-           Case{"opposite directions add the offsets",
-                {0, 1},
-                {4, 1},
-                {9, 3},
-                {7, 3},
-                4,
-                4,
-                {0, 1},
-                {0, 3}},
-           Case{"crossing lines", {0, 0}, {1, 1}, {9, 0}, {9, 1}, 4, 0, {9, 9}, {9, 9}},
-           Case{"a line too short to project on",
-                {3, 0},
-                {4, 0},
-                {0, 2},
-                {0.002, 2},
-                4,
-                2,
-                {3, 0},
-                {0, 2}},
-       }) {
-    Check(c);
-  }
+TEST(LineToLine, ModesAndTies) {
+  const double root5 = std::sqrt(5.0), root8 = std::sqrt(8.0);
+  const Case cases[] = {
+      {"the first end on ties", 0, {0, 0}, {4, 0}, {0, 3}, {4, 3}, 3, {0, 0}, {0, 3}},
+      {"the second end of A", 0, {0, 9}, {2, 4}, {0, 0}, {4, 0}, 4, {2, 4}, {2, 0}},
+      {"an end of B", 0, {0, 0}, {10, 0}, {5, 2}, {5, 7}, 2, {5, 0}, {5, 2}},
+      {"crossing", 0, {0, 0}, {4, 4}, {0, 4}, {4, 0}, 0, {2, 2}, {2, 2}},
+      {"touching end", 0, {0, 0}, {4, 0}, {2, 0}, {2, 5}, 0, {2, 0}, {2, 0}},
+      {"collinear overlap", 0, {0, 0}, {4, 0}, {3, 0}, {9, 0}, 0, {4, 0}, {3, 0}},
+      {"collinear, apart", 0, {0, 0}, {4, 0}, {50, 0}, {90, 0}, 0, {4, 0}, {50, 0}},
+      {"near miss", 0, {0, 0}, {1, 0}, {0, 1e-4}, {1, 1e-4}, 0, {0, 0}, {0, 1e-4}},
+      {"no near miss", 0, {0, 0}, {1, 0}, {0, 2e-3}, {1, 2e-3}, 2e-3, {0, 0}, {0, 2e-3}},
+      {"largest, the first end on ties", 1, {0, 0}, {4, 0}, {0, 3}, {4, 3}, 3, {0, 0}, {0, 3}},
+      {"largest of crossing ones", 1, {0, 0}, {4, 0}, {1, -2}, {1, 5}, 5, {1, 0}, {1, 5}},
+      {"from the middle of A", 2, {0, 0}, {4, 0}, {3, 2}, {9, 2}, root5, {2, 0}, {3, 2}},
+      {"from the middle of B", 3, {0, 0}, {4, 0}, {3, 2}, {9, 2}, root8, {4, 0}, {6, 2}},
+      {"parallel lines", 4, {0, 0}, {4, 0}, {7, 3}, {9, 3}, 3, {0, 0}, {0, 3}},
+      {"opposite directions add up", 4, {0, 1}, {4, 1}, {9, 3}, {7, 3}, 4, {0, 1}, {0, 3}},
+      {"crossing lines", 4, {0, 0}, {1, 1}, {9, 0}, {9, 1}, 0, {9, 9}, {9, 9}},
+      {"too short to project on", 4, {3, 0}, {4, 0}, {0, 2}, {0.002, 2}, 2, {3, 0}, {0, 2}},
+  };
+  for (const Case& c : cases) Check(c);
 }
 
 TEST(LineToLine, StatusesInOrder) {
