@@ -1132,8 +1132,82 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long FindMaxDistancePointPair(ZorPointArray& points, ZorPoint* first, ZorPoint* second);
 
   // ==== Form measures ===========================================================================
+  // How closely an outline matches an ideal form. Points are the vertices of a closed polygon.
+  // Routines in single precision take the points rounded to it; a coordinate that is not finite
+  // then makes their results not a number.
+
+  /// Straightness of a point set. Mode 0: eccentricity of the ellipse of its second moments, from 0
+  /// for a set as wide as it is long to 1 for a line; not a number for points that all coincide.
+  /// Mode 1: width of the band of distances from the fitted line (LeastSqaureLineFit with one
+  /// iteration), the largest distance less the smallest, in pixels. Not traced itself; in mode 1
+  /// the fit and PointTolineDistance, once a point, are.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 10 points
+  /// @retval GM_E_PARAM_2  mode is not 0 or 1
+  long Straightness(ZorPointArray& points, int mode, double* straightness);
+
+  /// Area (of the polygon cut to whole pixels) over that of the rectangle of least area about the
+  /// points: 1 for a rectangle of whole pixels however it is turned; slightly above 1 where cutting
+  /// enlarges the polygon. Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
+  long Rectangularity(ZorPointArray& points, double* rectangularity);
+
+  /// Rectangularity by a moment of fourth order, turned to the polygon's orientation: r = 144 times
+  /// the integral of x^2 y^2 over the cube of the area, or 1 / r when r is above 1. Exactly right
+  /// for rectangles along the axes only: at other angles the turn doubles the tilt instead of
+  /// undoing it, so that a rectangle does not reach 1; Rectangularity does. 0 when Area2 is at most
+  /// 1e-5, hence for every polygon that runs counter-clockwise on the screen. Not traced itself; a
+  /// nested MinAreaRectangularity, where the moments show no orientation, is.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
+  long Rectangularity2(ZorPointArray& points, double* rectangularity);
+
+  /// Rectangle of least area about the points: centre, longer and shorter side, and the direction
+  /// of the longer one in degrees in [0, 180) as by AngleFromHorizontal (0 when all points
+  /// coincide). Single precision. Traced, around nested MidPoint and AngleFromHorizontal.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  long MinAreaRectangularity(ZorPointArray& points, ZorPoint* centre, double* length, double* width,
+                             double* angle);
 
   // ==== Enclosing figures =======================================================================
+  // Rectangles come as from MinAreaRectangularity, whose nested records they leave: the longer side
+  // first, its direction in degrees in [0, 180).
+
+  /// The square about a circle; its direction is that of one of its sides. Traced.
+  /// @retval GM_E_PARAM_2  radius <= 0
+  long CircleExternalRectangle(ZorPoint& centre, double& radius, ZorPoint* rectCentre,
+                               double* length, double* width, double* angle);
+
+  /// The rectangle about an ellipse with semi-axes a and b along its own axes. Unlike everywhere
+  /// else the ellipse's `angle` is in radians, and it turns from +x towards +y. Traced.
+  /// @retval GM_E_PARAM_2  a <= 0
+  /// @retval GM_E_PARAM_3  b <= 0
+  long EllipseExternalRectangle(ZorPoint& centre, double a, double b, double angle,
+                                ZorPoint* rectCentre, double* length, double* width,
+                                double* rectAngle);
+
+  /// The bounding box of the points, rounded to single precision, along the axes. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  long PolygonExternalRectangle(ZorPointArray& points, ZorPoint* boxCentre, double* width,
+                                double* height);
+
+  /// The smallest circle about the points, in single precision: a point may lie 1e-4 outside the
+  /// exact one, by which the radius is enlarged. About linear in the number of points in any order.
+  /// Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  long ExternalCircle(ZorPointArray& points, ZorPoint* centre, double* radius);
+
+  /// The largest circle inside a simple polygon, convex or concave, in either direction; of equally
+  /// large ones any. Its radius is exact for its centre, and no circle is larger by more than 1e-7
+  /// of the polygon's extent. Of a polygon that crosses itself the inside is what an odd number of
+  /// turns encloses. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
+  /// @retval GM_E_INSCRIBED_CIRCLE_FAILED  no circle fits: the polygon is thinner than 1e-7 of its
+  ///         extent, or a coordinate is not finite
+  long IncisionCircle(ZorPointArray& points, ZorPoint* centre, double* radius);
+
+  /// Radius, and centre, of the circle that touches the three sides of the triangle abc. A triangle
+  /// whose points a and c lie within 1e-5 (inclusive), or the cross product of two of whose sides
+  /// is at most 1e-5, gives 0 and leaves the centre as it is. Not traced.
+  double GetInnerCircle(ZorPoint& a, ZorPoint& b, ZorPoint& c, ZorPoint* centre);
 
   // ==== Contour offsetting ======================================================================
   // The result replaces `result`, which may be the contour itself. None is traced itself.

@@ -383,7 +383,20 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Form measures ===========================================================================
 
+  long MinAreaRectangularity(ZorPointArray& points, ZorPoint* centre, double* length, double* width,
+                             double* angle);
+
   // ==== Enclosing figures =======================================================================
+
+  long CircleExternalRectangle(ZorPoint& centre, double radius, ZorPoint* rectCentre,
+                               double* length, double* width, double* angle);
+  long EllipseExternalRectangle(ZorPoint& centre, double a, double b, double angle,
+                                ZorPoint* rectCentre, double* length, double* width,
+                                double* rectAngle);
+  long PolygonExternalRectangle(ZorPointArray& points, ZorPoint* boxCentre, double* width,
+                                double* height);
+  long ExternalCircle(ZorPointArray& points, ZorPoint* centre, double* radius);
+  long IncisionCircle(ZorPointArray& points, ZorPoint* centre, double* radius);
 
   // ==== Contours and defects ====================================================================
 

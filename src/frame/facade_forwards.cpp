@@ -485,7 +485,42 @@ long ZorGeometryMeasureDlg::PolygonCenter(ZorPointArray& points, ZorPoint* centr
 
 // ==== Form measures =============================================================================
 
+long ZorGeometryMeasureDlg::MinAreaRectangularity(ZorPointArray& points, ZorPoint* centre,
+                                                  double* length, double* width, double* angle) {
+  return ZorGeometryMeasure().MinAreaRectangularity(points, centre, length, width, angle);
+}
+
 // ==== Enclosing figures =========================================================================
+
+long ZorGeometryMeasureDlg::CircleExternalRectangle(ZorPoint& centre, double radius,
+                                                    ZorPoint* rectCentre, double* length,
+                                                    double* width, double* angle) {
+  return ZorGeometryMeasure().CircleExternalRectangle(centre, radius, rectCentre, length, width,
+                                                      angle);
+}
+
+long ZorGeometryMeasureDlg::EllipseExternalRectangle(ZorPoint& centre, double a, double b,
+                                                     double angle, ZorPoint* rectCentre,
+                                                     double* length, double* width,
+                                                     double* rectAngle) {
+  return ZorGeometryMeasure().EllipseExternalRectangle(centre, a, b, angle, rectCentre, length,
+                                                       width, rectAngle);
+}
+
+long ZorGeometryMeasureDlg::PolygonExternalRectangle(ZorPointArray& points, ZorPoint* boxCentre,
+                                                     double* width, double* height) {
+  return ZorGeometryMeasure().PolygonExternalRectangle(points, boxCentre, width, height);
+}
+
+long ZorGeometryMeasureDlg::ExternalCircle(ZorPointArray& points, ZorPoint* centre,
+                                           double* radius) {
+  return ZorGeometryMeasure().ExternalCircle(points, centre, radius);
+}
+
+long ZorGeometryMeasureDlg::IncisionCircle(ZorPointArray& points, ZorPoint* centre,
+                                           double* radius) {
+  return ZorGeometryMeasure().IncisionCircle(points, centre, radius);
+}
 
 // ==== Contours and defects ======================================================================
 

@@ -1,6 +1,7 @@
 #include "frame/opencv_points.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace zor::frame {
@@ -36,6 +37,11 @@ cv::Mat ViewOfPoints(std::span<const ZorPoint> points) {
   static_assert(sizeof(ZorPoint) == sizeof(cv::Point2d));
   auto* data = const_cast<ZorPoint*>(points.data());  // NOLINT: a matrix has no read-only form
   return {static_cast<int>(points.size()), 1, CV_64FC2, data};
+}
+
+bool AreFinite(std::span<const cv::Point2f> points) {
+  return std::all_of(points.begin(), points.end(),
+                     [](const cv::Point2f& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
 }  // namespace zor::frame

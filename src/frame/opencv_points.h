@@ -23,6 +23,9 @@ namespace zor::frame {
 /// The points themselves as a column of double pairs, without a copy. Only for routines that read.
 [[nodiscard]] cv::Mat ViewOfPoints(std::span<const ZorPoint> points);
 
+/// Whether every coordinate is neither infinite nor not a number: some routines sort by them.
+[[nodiscard]] bool AreFinite(std::span<const cv::Point2f> points);
+
 [[nodiscard]] inline ZorPoint FromFloatPoint(const cv::Point2f& p) {
   return {static_cast<double>(p.x), static_cast<double>(p.y)};
 }
