@@ -159,9 +159,8 @@ long ZorGeometryMeasure::PointToPolygonDistance(ZorPoint& point, ZorPointArray& 
   const NearestPoint nearest = distance::NearestOnPolyline(point, polygon.View(), closing);
   // Deliberate: the relation has a reach of its own along the scan line, so that a point it finds
   // on the outline reports 0 whatever its distance.
-  if (distance != nullptr || IsTracing()) {
-    Store(distance,
-          static_cast<double>(PointToPolygonPosRelation(point, polygon)) * nearest.distance);
+  if (distance != nullptr) {
+    *distance = static_cast<double>(PointToPolygonPosRelation(point, polygon)) * nearest.distance;
   }
   Store(nearestPoint, nearest.point);
   return trace.Done();
