@@ -23,10 +23,10 @@ struct Box {
   ZorPoint high;
 };
 
-/// The edges of a closed outline in a tree of boxes over runs of consecutive edges. Owns a copy of
-/// the outline. Edge k ends at vertex k: edge 0 is the closing edge. Built in linear time; a query
-/// looks at the edges near the segment and at about one box for every 64 others, at worst (an
-/// outline whose consecutive edges lie all over the place) at all.
+/// The edges of a closed outline in a tree of boxes over runs of 8, 64, ... consecutive edges. Owns
+/// a copy of the outline. Edge k ends at vertex k: edge 0 is the closing edge. Built in linear
+/// time; a query opens the boxes that the segment's box meets: few, unless consecutive vertices lie
+/// all over the place, when it comes down to the linear scan.
 class EdgeIndex {
  public:
   explicit EdgeIndex(std::span<const ZorPoint> outline);

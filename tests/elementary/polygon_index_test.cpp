@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <numbers>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -19,39 +20,22 @@ using zor::elementary::PolygonRelation;
 using zor::test::kInfinity;
 using zor::test::kNaN;
 
-enum Kind { kWholeNumbers, kStaircase, kCircle, kSpikes, kCombUpright, kCombFlat, kSliver, kKinds };
+constexpr int kKinds = 5;
 
-/// Polygons in hard places: crossing themselves, repeated, collinear and level vertices, edges as
-/// long as the polygon, hardly any height, near the origin or far from it.
+/// Polygons in hard places: vertices on whole numbers (crossing itself, repeated, level), a
+/// staircase, spikes, a comb as high as it is long, a sliver of hardly any height.
 std::vector<ZorPoint> HardPolygon(int kind, int n, double offset, std::mt19937_64& rng) {
   std::uniform_real_distribution<double> real(0, 1);
   std::uniform_int_distribution<int> whole(0, 9);
   std::vector<ZorPoint> polygon;
-  ZorPoint at(offset, offset);
+  ZorPoint step;
   for (int i = 0; i < n; ++i) {
-    const double t = 2 * std::numbers::pi * i / n;
-    const double r = kind == kSpikes ? 40 * real(rng) : 40 + 0.1 * real(rng);
-    const ZorPoint round(offset + r * std::cos(t), offset + r * std::sin(t));
-    switch (kind) {
-      case kWholeNumbers:
-        at = {offset + whole(rng), offset + whole(rng)};
-        break;
-      case kStaircase:
-        at = at + (i % 2 == 0 ? ZorPoint(whole(rng) - 4, 0) : ZorPoint(0, whole(rng) - 4));
-        break;
-      case kCombUpright:
-        at = {offset + i, offset + i % 2 * n};
-        break;
-      case kCombFlat:
-        at = {offset + i % 2 * n, offset + i};
-        break;
-      case kSliver:
-        at = {offset + 50 * real(rng), offset + whole(rng) / 3 * 1e-5};
-        break;
-      default:
-        at = round;
-    }
-    polygon.push_back(at);
+    const double t = 2 * std::numbers::pi * i / n, r = 40 * real(rng);
+    step = step + (i % 2 == 0 ? ZorPoint(whole(rng) - 4, 0) : ZorPoint(0, whole(rng) - 4));
+    const ZorPoint shapes[kKinds] = {
+        ZorPoint(whole(rng), whole(rng)), step, ZorPoint(r * std::cos(t), r * std::sin(t)),
+        ZorPoint(i, i % 2 * n), ZorPoint(50 * real(rng), whole(rng) / 3 * 1e-5)};
+    polygon.push_back(shapes[kind] + ZorPoint(offset, offset));
   }
   return polygon;
 }
@@ -81,10 +65,13 @@ std::array<ZorPoint, 7> HardPoints(const std::vector<ZorPoint>& polygon, std::mt
 TEST(PolygonIndex, AnswersAsTheWalkDoes) {
   std::mt19937_64 rng(20240615);
   std::array<int, 3> answers{};
-  for (int kind = 0; kind < kKinds; ++kind) {
+  for (int kind = 0; kind < 2 * kKinds; ++kind) {
     for (const int n : {1, 2, 3, 7, 40, 500}) {
       for (const double offset : {0.0, -1234.5, 5e6}) {
-        const std::vector<ZorPoint> polygon = HardPolygon(kind, n, offset, rng);
+        std::vector<ZorPoint> polygon = HardPolygon(kind % kKinds, n, offset, rng);
+        if (kind >= kKinds) {
+          for (ZorPoint& p : polygon) std::swap(p.x, p.y);
+        }
         for (const std::size_t queries : {200U, 100000U}) {
           const PolygonIndex index(polygon, queries);
           for (int k = 0; k < 100; ++k) {
@@ -101,6 +88,19 @@ TEST(PolygonIndex, AnswersAsTheWalkDoes) {
     }
   }
   for (const int count : answers) EXPECT_GT(count, 10000);
+}
+
+TEST(PolygonIndex, LevelEdgesReachIntoTheNextRow) {
+  // Cells of one pixel: one edge on the bound of a row, one just above it.
+  const std::vector<ZorPoint> steps{{0, 0},        {16, 0}, {16, 16}, {12, 16}, {12, 8 - 4e-6},
+                                    {8, 8 - 4e-6}, {8, 16}, {4, 16},  {4, 8},   {0, 8}};
+  const PolygonIndex index(steps, 8 * 16 * 16);
+  for (const double x : {2.0, 10.0}) {
+    for (double dy = -1.5e-5; dy <= 1.5e-5; dy += 1e-6) {
+      EXPECT_EQ(index.Relation({x, 8 + dy}), PolygonRelation({x, 8 + dy}, steps))
+          << x << ", " << dy;
+    }
+  }
 }
 
 TEST(PolygonIndex, PointsAndPolygonsThatAreNoNumbers) {

@@ -101,7 +101,10 @@ TEST(IntersectionOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        }},
   });
   // A null output ends this one before its edges are looked at.
-  const zor::test::TraceCapture capture;
+  zor::test::TraceCapture capture;
+  EXPECT_EQ(m.LineRectangularIntersection(a, p, a, 4, 2, 30, nullptr), GM_OK);
+  EXPECT_EQ(capture.Events(), "+LineRectangularIntersection -LineRectangularIntersection");
+  capture.Clear();
   EXPECT_EQ(m.LineRectangularIntersection(a, p, a, 4, 2, 30, &points), GM_OK);
   EXPECT_EQ(capture.Events(),
             "+LineRectangularIntersection +LinesIntersection -LinesIntersection "

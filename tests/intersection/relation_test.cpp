@@ -1,7 +1,7 @@
 #include <cmath>
 #include <numbers>
-#include <optional>
 #include <random>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -84,9 +84,6 @@ TEST(PointToPolygonPosRelation, FollowsTheOutlineRules) {
     EXPECT_EQ(code, c.code);
     EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation(c.p, *c.polygon), c.code);
   }
-}
-
-TEST(PointToPolygonPosRelation, FewVertices) {
   ZorPointArray none, pair{{0, 0}, {10, 0}};
   ZorPoint p(5, 0);
   int code = kNotWritten;
@@ -98,50 +95,30 @@ TEST(PointToPolygonPosRelation, FewVertices) {
 
 TEST(PointToPolygonPosRelation2, ReachesAPixelFromTheEdges) {
   ZorPointArray square{{0, 0}, {20, 0}, {20, 20}, {0, 20}}, none;
+  // A vertex given twice is an edge without a distance, and does no harm.
+  ZorPointArray twice{{0, 0}, {0, 0}, {20, 0}, {20, 20}, {20, 20}, {0, 20}};
   struct Case {
-    const char* what;
     ZorPoint p;
     double angle;
     int code;
   };
-  for (Case c : {
-           Case{"inside", {10, 10}, 65, -1},
-           {"far outside", {30, 10}, 65, 1},
-           {"in reach", {18.91, 10}, 65, 0},
-           {"out of reach, bound included", {10, -1.1}, 65, 1},
-           {"wide: near a diagonal", {10, -1.2}, 45, 0},
-           {"wide, diagonal of a pixel", {21, 21}, 90, 0},
-           {"wide, beyond it", {10, -1.4143}, 90, 1},
-           {"not wide at 20", {10, 18.8}, 20, -1},
-           {"wide below 20", {10, 18.8}, 19.9, 0},
-           {"wide below 0", {10, 18.8}, -65, 0},
-           {"not wide at 160", {10, 18.8}, 160, -1},
-           {"wide above 160", {10, 18.8}, 160.1, 0},
-           {"not wide at 35", {10, 18.8}, 35, -1},
-           {"not wide at 55", {10, 18.8}, 55, -1},
-           {"not wide at 80", {10, 18.8}, 80, -1},
-           {"not wide at 100", {10, 18.8}, 100, -1},
-           {"not wide at 125", {10, 18.8}, 125, -1},
-           {"not wide at 145", {10, 18.8}, 145, -1},
-           {"reduced once: 45", {10, 18.8}, 225, 0},
-           {"reduced once: 180 is 0", {10, 18.8}, 180, 0},
-           {"reduced once: above 160", {10, 18.8}, 425, 0},
-       }) {
-    SCOPED_TRACE(c.what);
-    for (const bool is_traced : {false, true}) {
-      std::optional<zor::test::TraceCapture> capture;
-      if (is_traced) capture.emplace();
-      int code = kNotWritten;
-      EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, square, c.angle, &code), 0);
-      EXPECT_EQ(code, c.code);
-      EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, c.angle, square), c.code);
-    }
+  std::vector<Case> cases{{{10, 10}, 65, -1},    {{30, 10}, 65, 1},   {{18.91, 10}, 65, 0},
+                          {{10, -1.1}, 65, 1},   {{10, -1.2}, 45, 0}, {{21, 21}, 90, 0},
+                          {{10, -1.4143}, 90, 1}};
+  for (const double bound : {20, 160, 35, 55, 80, 100, 125, 145}) {  // none of them included
+    cases.push_back({{10, 18.8}, bound, -1});
   }
-  // A vertex given twice is an edge without a distance, and does no harm.
-  ZorPointArray twice{{0, 0}, {0, 0}, {20, 0}, {20, 20}, {20, 20}, {0, 20}};
-  for (ZorPoint p : {ZorPoint(10, 10), ZorPoint(10, 30), ZorPoint(19.5, 19.5)}) {
-    EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(p, 65, twice),
-              ZorGeometryMeasure().PointToPolygonPosRelation2(p, 65, square));
+  for (const double wide : {19.9, -65.0, 160.1, 36.0, 99.0, 126.0, 225.0, 180.0, 425.0}) {
+    cases.push_back({{10, 18.8}, wide, 0});  // less 180 once: 425 is above 160
+  }
+  for (Case c : cases) {
+    SCOPED_TRACE(Show(c.p) + ", " + std::to_string(c.angle));
+    int code = kNotWritten;
+    EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, square, c.angle, &code), 0);
+    EXPECT_EQ(code, c.code);
+    EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, c.angle, twice), c.code);
+    const zor::test::TraceCapture capture;
+    EXPECT_EQ(ZorGeometryMeasure().PointToPolygonPosRelation2(c.p, c.angle, twice), c.code);
   }
   int code = kNotWritten;
   ZorPoint p(5, 5);
@@ -174,69 +151,68 @@ TEST(PolygonRelation, AgreesWithTheAnglesSeen) {
   }
 }
 
-TEST(PointToCircleAndOvalPosRelation, ReachAndCodes) {
-  ZorPoint centre(10, 20);
-  const auto circle = [&](double along_x, double radius) {
-    ZorPoint p(centre.x + along_x, centre.y);
-    int code = kNotWritten;
-    const long status = ZorGeometryMeasure().PointToCirclePosRelation(p, centre, radius, &code);
-    return status == GM_OK ? long{code} : status;
+namespace {
+
+/// The code that a relation stores, or the status with which it stores none.
+template <typename Object, typename Method, typename... Arguments>
+long CodeOrStatus(Object object, Method method, ZorPoint p, Arguments... arguments) {
+  int code = kNotWritten;
+  const long status = (object.*method)(p, arguments..., &code);
+  EXPECT_EQ(code == kNotWritten, status != GM_OK);
+  return status == GM_OK ? code : status;
+}
+
+}  // namespace
+
+TEST(FigurePosRelations, ReachAndChecks) {
+  const ZorPoint c(10, 20);
+  const auto circle = [&](double dx, double radius) {
+    return CodeOrStatus(ZorGeometryMeasure(), &ZorGeometryMeasure::PointToCirclePosRelation,
+                        c + ZorPoint(dx, 0), c, radius);
   };
-  EXPECT_EQ(circle(5 + 0.5e-5, 5), 0);
-  EXPECT_EQ(circle(5 - 0.5e-5, 5), 0);
+  EXPECT_EQ(circle(5 + 0.9e-5, 5), 0);
+  EXPECT_EQ(circle(5 - 0.9e-5, 5), 0);
   EXPECT_EQ(circle(5 + 1.1e-5, 5), 1);
   EXPECT_EQ(circle(5 - 1.1e-5, 5), -1);
   EXPECT_EQ(circle(5, 0), GM_E_PARAM_3);
 
   const auto oval = [&](double dx, double dy, double a, double b, double angle) {
-    ZorPoint p(centre.x + dx, centre.y + dy);
-    int code = kNotWritten;
-    const long status = ZorGeometryMeasure().PointToOvalPosRelation(p, centre, a, b, angle, &code);
-    return status == GM_OK ? long{code} : status;
+    return CodeOrStatus(ZorGeometryMeasure(), &ZorGeometryMeasure::PointToOvalPosRelation,
+                        c + ZorPoint(dx, dy), c, a, b, angle);
   };
   EXPECT_EQ(oval(8, -8, 20, 5, 45), -1);  // the long axis points up to the right
   EXPECT_EQ(oval(8, 8, 20, 5, 45), 1);
   EXPECT_EQ(oval(8, 8, 5, 20, 45), -1);
   EXPECT_EQ(oval(20 * (1 + 0.49e-5), 0, 20, 5, 0), 0);  // the equation grows twice as fast
   EXPECT_EQ(oval(20 * (1 + 0.51e-5), 0, 20, 5, 360), 1);
-  for (double dx = -6; dx <= 6; dx += 0.75) {
-    EXPECT_EQ(oval(dx, 3, 2, 5, 0), oval(dx, 3, 5, 2, 90)) << dx;
-  }
+  for (double dx = -6; dx <= 6; dx += 0.75) EXPECT_EQ(oval(dx, 3, 2, 5, 0), oval(dx, 3, 5, 2, 90));
   EXPECT_EQ(oval(0, 0, 0, 0, 361), GM_E_PARAM_3);
   EXPECT_EQ(oval(0, 0, 1, 0, 361), GM_E_PARAM_4);
   EXPECT_EQ(oval(0, 0, 1, 1, 361), GM_E_PARAM_5);
   EXPECT_EQ(oval(0, 0, 1, 1, -0.1), GM_E_PARAM_5);
-}
 
-TEST(PointToRectangularPos, TurnsTheCornersAndNamesItsOwnArguments) {
-  ZorPoint centre(50, 50);
-  const auto relation = [&](double x, double y, double width, double height, double angle) {
-    ZorPoint p(x, y);
-    int code = kNotWritten;
-    const long status = ZORMV::ZorGeometryMeasureDlg().PointToRectangularPos(p, centre, width,
-                                                                             height, angle, &code);
-    EXPECT_EQ(code == kNotWritten, status != GM_OK);
-    return status == GM_OK ? long{code} : status;
+  const auto rectangle = [&](double dx, double dy, double width, double height, double angle) {
+    using Dlg = ZORMV::ZorGeometryMeasureDlg;
+    return CodeOrStatus(Dlg(), &Dlg::PointToRectangularPos, c + ZorPoint(dx, dy), c, width, height,
+                        angle);
   };
-  EXPECT_EQ(relation(62, 38, 40, 10, 45), -1);  // up to the right
-  EXPECT_EQ(relation(62, 62, 40, 10, 45), 1);
-  EXPECT_EQ(relation(62, 38, 40, 10, 225), -1);
-  EXPECT_EQ(relation(70, 50, 40, 10, 180), 0);
-  EXPECT_EQ(relation(50, 50, 0, 0, 400), GM_E_PARAM_3);
-  EXPECT_EQ(relation(50, 50, 1, 0, 400), GM_E_PARAM_4);
-  EXPECT_EQ(relation(50, 50, 1, 1, 400), GM_E_PARAM_5);
+  EXPECT_EQ(rectangle(12, -12, 40, 10, 45), -1);  // up to the right
+  EXPECT_EQ(rectangle(12, 12, 40, 10, 45), 1);
+  EXPECT_EQ(rectangle(12, -12, 40, 10, 225), -1);
+  EXPECT_EQ(rectangle(20, 0, 40, 10, 180), 0);
+  EXPECT_EQ(rectangle(0, 0, 0, 0, 400), GM_E_PARAM_3);
+  EXPECT_EQ(rectangle(0, 0, 1, 0, 400), GM_E_PARAM_4);
+  EXPECT_EQ(rectangle(0, 0, 1, 1, 400), GM_E_PARAM_5);
 }
 
 TEST(RectAngularToPolygon, OrdersTheCorners) {
   ZorPoint centre(0, 0);
-  ZorPointArray corners{{1, 1}};
-  EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 4, 2, 0, &corners), GM_OK);
-  EXPECT_EQ(corners, (ZorPointArray{{2, 1}, {-2, 1}, {-2, -1}, {2, -1}}));
-  EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 4, 2, 180, &corners), GM_OK);
-  EXPECT_EQ(corners[0], ZorPoint(2, 1));
+  ZorPointArray corners;
+  const ZorPointArray level{{2, 1}, {-2, 1}, {-2, -1}, {2, -1}};
+  for (const double angle : {0.0, 180.0}) {
+    EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 4, 2, angle, &corners), GM_OK);
+    EXPECT_EQ(corners, level);
+  }
   EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 4, 2, 90, &corners), GM_OK);
   zor::test::ExpectNear(corners[0], {1, -2}, 1e-8);
-  EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 0, 0, -1, &corners), GM_E_PARAM_2);
-  EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 1, 0, -1, &corners), GM_E_PARAM_3);
-  EXPECT_EQ(ZorGeometryMeasure().RectAngularToPolygon(centre, 1, 1, -1, &corners), GM_E_PARAM_4);
 }
