@@ -1,6 +1,7 @@
 // inspect: measures the parts in a picture and writes a table and a report.
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -22,6 +23,12 @@ constexpr int kExitFailed = 1;  // nothing could be measured or written
 constexpr int kExitUsage = 2;
 constexpr int kExitOffLimits = 3;  // the plate was measured, but some row misses its limit
 constexpr std::size_t kMaxParts = 100;
+
+/// In this order: later ones build on what earlier ones found.
+constexpr std::array<void (*)(inspect::PlateBench*), 8> kPlateGroups = {
+    inspect::MeasureEdges,     inspect::MeasureCorners, inspect::MeasureDistances,
+    inspect::MeasureParallels, inspect::MeasureBores,   inspect::MeasureOutline,
+    inspect::MeasureCrossings, inspect::MeasureTangents};
 
 constexpr const char* kUsage =
     "usage: inspect [IMAGE] [--truth FILE] [--out DIR]\n"
@@ -82,9 +89,8 @@ int InspectPlate(const cv::Mat& grey, const Options& options) {
   if (!truth) return Fail(options.truth + " cannot be read as true dimensions.");
   inspect::PlateBench bench(grey, *truth);
   {
-    inspect::Progress progress("Measuring the plate", 3);
-    for (const auto measure :
-         {inspect::MeasureEdges, inspect::MeasureCorners, inspect::MeasureDistances}) {
+    inspect::Progress progress("Measuring the plate", static_cast<int>(kPlateGroups.size()));
+    for (const auto measure : kPlateGroups) {
       measure(&bench);
       progress.Step();
     }

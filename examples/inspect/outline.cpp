@@ -15,6 +15,7 @@ constexpr double kCornerTurn_rad = 0.35;  // 20 degrees within the reach
 constexpr int kSideLength = 8;            // measured points on each side that place a corner
 
 constexpr double kMinCross = 0.1;  // of the directions of sides that meet in a corner
+constexpr double kMaxPassed = 3;   // pixels beyond a corner; the rough outline is no nearer
 constexpr int kSmoothing = 3;      // points to both sides that hide the steps of a pixel chain
 
 /// Points one pixel apart along a closed outline, and the same with the steps of pixels smoothed.
@@ -102,9 +103,24 @@ cv::Vec4d SideLine(const cv::Point2d* first, const cv::Point2d* last) {
   return line;
 }
 
-/// Where the end of one stretch and the start of the next meet, when that is near the gap.
+/// Whether the rough outline between both ends reaches beyond the corner. Blur and threshold round
+/// corners off, so one that the rough outline goes round is none: it is a notch or a bump.
+bool IsPassed(const cv::Point2d& from, const cv::Point2d& corner, const cv::Point2d& to,
+              const std::vector<cv::Point2d>& rough) {
+  const cv::Point2d chord = to - from;
+  const double length = std::sqrt(chord.dot(chord));
+  const double reach = chord.cross(corner - from);
+  return std::any_of(rough.begin(), rough.end(), [&](const cv::Point2d& p) {
+    const double way = chord.cross(p - from);
+    return (reach < 0 ? reach - way : way - reach) > kMaxPassed * length;
+  });
+}
+
+/// Where the end of one stretch and the start of the next meet, when that is near the gap and does
+/// not cut off what the rough outline shows there.
 std::optional<cv::Point2d> MeetingPoint(const std::vector<cv::Point2d>& before,
-                                        const std::vector<cv::Point2d>& after) {
+                                        const std::vector<cv::Point2d>& after,
+                                        const std::vector<cv::Point2d>& rough) {
   const auto side = static_cast<std::size_t>(kSideLength);
   if (before.size() < side || after.size() < side) return std::nullopt;
   const cv::Vec4d u = SideLine(before.data() + before.size() - side, before.data() + before.size());
@@ -117,6 +133,7 @@ std::optional<cv::Point2d> MeetingPoint(const std::vector<cv::Point2d>& before,
   if (Distance(corner, before.back()) > gap || Distance(corner, after.front()) > gap) {
     return std::nullopt;
   }
+  if (IsPassed(before.back(), corner, after.front(), rough)) return std::nullopt;
   return corner;
 }
 
@@ -128,7 +145,7 @@ std::vector<cv::Point2d> Joined(const std::vector<Stretch>& stretches) {
     points.insert(points.end(), stretch.points.begin(), stretch.points.end());
     if (stretch.corner.empty()) continue;
     const Stretch& next = stretches[(i + 1) % stretches.size()];
-    if (const auto corner = MeetingPoint(stretch.points, next.points)) {
+    if (const auto corner = MeetingPoint(stretch.points, next.points, stretch.corner)) {
       points.push_back(*corner);
     } else {
       points.insert(points.end(), stretch.corner.begin(), stretch.corner.end());

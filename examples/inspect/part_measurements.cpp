@@ -5,6 +5,7 @@
 
 #include "figures.h"
 #include "outline.h"
+#include "part_shape.h"
 #include "straight_sides.h"
 #include <ZorGeometryMeasureDlg.h>
 
@@ -29,8 +30,8 @@ class PartRows {
  public:
   PartRows(const cv::Mat& grey, const std::string& group) : grey_(grey), group_(group) {}
 
-  /// The upright box around the outline, and its middle. `what` names the outline in the rows: ""
-  /// or "hole 2, ".
+  /// The upright box around the outline, its middle, and its shape. `what` names the outline in the
+  /// rows: "" or "hole 2, ".
   void AddExtent(const std::vector<cv::Point2d>& outline, const std::string& what);
   /// The straight sides of the outline with the chain of pixels `chain`.
   void AddSides(const std::vector<cv::Point2d>& chain, const std::string& what);
@@ -71,6 +72,8 @@ void PartRows::AddExtent(const std::vector<cv::Point2d>& outline, const std::str
   x.figure = SvgLabel(middle, what.empty() ? group_ : what.substr(0, what.find(',')));
   Row y{group_, what + "middle, y", "px", middle.y, x.status, x.figure};
   rows_.insert(rows_.end(), {width, height, x, y});
+  const std::vector<Row> shape = ShapeRows(outline, group_, what);
+  rows_.insert(rows_.end(), shape.begin(), shape.end());
 }
 
 void PartRows::AddSide(const StraightSide& side, const std::string& name) {

@@ -24,6 +24,23 @@ struct MeasuredEdge {
   FittedLine line;
 };
 
+/// A bore as found in the picture: its edge points and the least-squares circle through them.
+struct MeasuredBore {
+  std::string name;
+  std::vector<cv::Point2d> points;
+  ZorPoint centre;
+  double radius = 0;
+  long status = GM_E_TOO_FEW_POINTS;
+};
+
+/// The slot as found in the picture: semi-axis a, the longer one, along `angle_deg`.
+struct MeasuredSlot {
+  std::vector<cv::Point2d> points;
+  ZorPoint centre;
+  double a = 0, b = 0, angle_deg = 0;
+  long status = GM_E_TOO_FEW_POINTS;
+};
+
 /// What the measurements of the plate share: the picture, what is known of the plate, and the rows
 /// so far. A group of measurements is a function that takes the bench and adds its rows.
 class PlateBench {
@@ -36,10 +53,15 @@ class PlateBench {
   ZORMV::ZorGeometryMeasureDlg& Measure() { return measure_; }
   std::vector<MeasuredEdge>& Sides() { return sides_; }
   std::vector<MeasuredEdge>& WindowSides() { return window_sides_; }
+  std::vector<MeasuredBore>& Bores() { return bores_; }
+  MeasuredSlot& Slot() { return slot_; }
+  std::vector<cv::Point2d>& OuterOutline() { return outer_outline_; }
   std::vector<Row>& Rows() { return rows_; }
 
   /// Adds a row whose truth stands under `key`, its blanks as '_', in the truth file.
   void Add(Row row, std::string key, double limit);
+  /// The same with the limit as a share of the truth.
+  void AddRelative(const Row& row, const std::string& key, double share);
 
  private:
   const cv::Mat& grey_;
@@ -48,6 +70,9 @@ class PlateBench {
   ZORMV::ZorGeometryMeasureDlg measure_;
   std::vector<MeasuredEdge> sides_;  // in order of plate::Side; the bulged one has no line
   std::vector<MeasuredEdge> window_sides_;
+  std::vector<MeasuredBore> bores_;
+  MeasuredSlot slot_;
+  std::vector<cv::Point2d> outer_outline_;  // closed, clockwise on the screen
   std::vector<Row> rows_;
 };
 
@@ -58,5 +83,16 @@ void MeasureEdges(PlateBench* bench);
 void MeasureCorners(PlateBench* bench);
 /// Distances of parallel edges and of corners.
 void MeasureDistances(PlateBench* bench);
+/// Nearest and farthest places of parallel edges, and the distance between their lines.
+void MeasureParallels(PlateBench* bench);
+/// The bores as circles. Before the groups that build on the bores.
+void MeasureBores(PlateBench* bench);
+/// The outer outline: area, centroid, moments, principal axes, farthest points. Before the groups
+/// that build on the outline.
+void MeasureOutline(PlateBench* bench);
+/// Crossings of the probe lines with the plate's figures.
+void MeasureCrossings(PlateBench* bench);
+/// The fiducials, and the tangents from one of them to a bore.
+void MeasureTangents(PlateBench* bench);
 
 }  // namespace inspect

@@ -57,6 +57,16 @@ inline constexpr std::array<const char*, kSides> kSideNames = {
 inline constexpr std::array<const char*, 4> kWindowSideNames = {"window top", "window right",
                                                                 "window bottom", "window left"};
 
+/// A straight line along which the places of edges are measured, from its first point.
+struct Probe {
+  std::string name;
+  cv::Point2d from, to;
+};
+
+/// Where the probes lie on the table; they do not move with the piece.
+const std::array<Probe, 2> kProbes = {Probe{"upper probe", {80, 262}, {1120, 291}},
+                                      Probe{"lower probe", {80, 549}, {1120, 563}}};
+
 struct Plate {
   std::array<cv::Point2d, kSides> corners;  // clockwise on the screen
   double bulge;                             // height of the bottom side's parabola over its chord

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "outline.h"
+#include "part_finder.h"
 #include "rendered_shape.h"
 #include "search_lines.h"
 
@@ -119,6 +120,18 @@ TEST(Outline, PutsCornersWhereSidesMeet) {
     for (const cv::Point2d& p : outline) nearest = std::min(nearest, cv::norm(p - corner));
     EXPECT_LT(nearest, 0.1) << corner;
   }
+}
+
+TEST(Outline, DoesNotBridgeNotches) {
+  const auto top = [](double x) {
+    return 20.4 + (std::abs(x - 60) < 16 ? 3 * (1 + std::cos(CV_PI * (x - 60) / 16)) : 0);
+  };
+  const cv::Mat picture = Rendered({120, 90}, [&](double x, double y) {
+    return x > 15.3 && x < 104.7 && y > top(x) && y < 70.6;
+  });
+  const inspect::Outline traced =
+      inspect::TraceOutline(picture, inspect::FindParts(picture)[0].outline, {});
+  EXPECT_NEAR(inspect::SignedArea(traced.points), 89.4 * 50.2 - 6 * 16, 20);
 }
 
 }  // namespace

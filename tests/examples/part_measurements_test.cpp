@@ -52,8 +52,14 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
   ASSERT_EQ(parts.size(), 2U);
   ASSERT_EQ(parts[0].holes.size(), 1U);
   const auto box = Measured(picture, parts[0]);
-  // Extent and middle, two distances, four lengths, angles and directions, for box and hole each.
-  EXPECT_EQ(box.size(), 2 * (4 + 2 + 3 * 4));
+  // Extent and middle, shape, two distances, four lengths, angles and directions, for box and hole
+  // each.
+  EXPECT_EQ(box.size(), 2 * (4 + 6 + 2 + 3 * 4));
+  EXPECT_NEAR(box.at("area"), 80.5 * 49.75, 5);
+  EXPECT_NEAR(box.at("centroid, x"), (20.25 + 100.75) / 2, 0.1);
+  EXPECT_NEAR(box.at("centroid, y"), (30.5 + 80.25) / 2, 0.1);
+  EXPECT_NEAR(std::abs(box.at("main axis, direction") - 90), 90, 0.2);
+  EXPECT_GT(box.at("main axis, standard deviation"), box.at("cross axis, standard deviation"));
   const double wide = 80.5, high = 49.75;
   const double first = box.at("side 1, length");
   EXPECT_NEAR(first, std::abs(first - wide) < 5 ? wide : high, 0.1);
@@ -63,7 +69,8 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
               40.5 * 28, 5);
 
   const auto disc = Measured(picture, parts[1]);
-  EXPECT_EQ(disc.size(), 4U) << "no sides";
+  EXPECT_EQ(disc.size(), 4U + 5U) << "no sides, and no direction";
+  EXPECT_NEAR(disc.at("area"), CV_PI * 28 * 28, 5);
   EXPECT_NEAR(disc.at("width"), 56, 0.2);
   EXPECT_NEAR(disc.at("middle, x"), 150, 0.1);
   EXPECT_NEAR(disc.at("middle, y"), 60, 0.1);

@@ -1,40 +1,8 @@
-#include <algorithm>
-#include <cmath>
-#include <cstdio>
-
-#include "plate_as_made.h"
 #include "render.h"
+#include "truth_lines.h"
 
 namespace plate {
 namespace {
-
-class TruthLines {
- public:
-  void Add(const std::string& key, double value) {
-    char number[64];
-    std::snprintf(number, sizeof(number), " %.6f\n", value);
-    std::string line = key;
-    std::replace(line.begin(), line.end(), ' ', '_');
-    text_ += line + number;
-  }
-  void AddPoint(const std::string& key, const cv::Point2d& p) {
-    Add(key + ".x", p.x);
-    Add(key + ".y", p.y);
-  }
-  std::string text_ = "# Dimensions of the plate in plate.png: pixels and degrees\n";
-};
-
-double Length(const cv::Point2d& d) { return std::sqrt(d.dot(d)); }
-
-/// Direction on the screen, counter-clockwise from +x, folded to [0, 180): a line has no sense.
-double LineAngle(const cv::Point2d& from, const cv::Point2d& to) {
-  const double angle_deg = std::atan2(from.y - to.y, to.x - from.x) * 180 / CV_PI;
-  return angle_deg < 0 ? angle_deg + 180 : angle_deg;
-}
-
-double DistanceToLine(const cv::Point2d& p, const cv::Point2d& a, const cv::Point2d& b) {
-  return std::abs((b - a).cross(p - a)) / Length(b - a);
-}
 
 /// Angle at `corner` between the directions to its two neighbours.
 double InsideAngle(const cv::Point2d& before, const cv::Point2d& corner, const cv::Point2d& after) {
@@ -136,6 +104,11 @@ std::string TruthText(const Plate& plate) {
   AddFigures(plate, &truth);
   AddScribe(plate.scribe, &truth);
   AddOutline(OuterOutline(plate), &truth);
+  AddOutlineCurve(OuterOutline(plate), &truth);
+  AddFarthest(OuterOutline(plate), &truth);
+  AddParallels(plate, &truth);
+  AddCrossings(plate, &truth);
+  AddTangents(plate, &truth);
   return truth.text_;
 }
 
