@@ -62,6 +62,12 @@ std::string SvgPolygon(const std::vector<cv::Point2d>& corners) {
   return svg + "\"/>";
 }
 
+std::string SvgCurve(const std::vector<cv::Point2d>& points) {
+  std::string svg = "<polyline class=\"line\" points=\"";
+  for (const cv::Point2d& p : points) svg += Pair(ToZor(p)) + " ";
+  return svg + "\"/>";
+}
+
 std::string SvgPoints(const std::vector<cv::Point2d>& points) {
   // Lines without length: the round caps of the stroke are the dots.
   std::string svg = "<path class=\"points\" d=\"";

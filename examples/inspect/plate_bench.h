@@ -87,6 +87,8 @@ void MeasureDistances(PlateBench* bench);
 void MeasureParallels(PlateBench* bench);
 /// The bores as circles. Before the groups that build on the bores.
 void MeasureBores(PlateBench* bench);
+/// The bulged bottom edge as a polynomial, and the scribed line's profile as a Gaussian.
+void MeasureCurves(PlateBench* bench);
 /// The outer outline: area, centroid, moments, principal axes, farthest points. Before the groups
 /// that build on the outline.
 void MeasureOutline(PlateBench* bench);

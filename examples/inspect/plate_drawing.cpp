@@ -44,6 +44,14 @@ std::array<cv::Point2d, 4> WindowCorners(const Window& window) {
   return {at(-1, -1), at(1, -1), at(1, 1), at(-1, 1)};
 }
 
+Probe ScribeProfile(const Scribe& drawn) {
+  constexpr double kHalfLength = 15;
+  const cv::Point2d d = drawn.to - drawn.from;
+  const cv::Point2d across = kHalfLength / std::sqrt(d.dot(d)) * cv::Point2d(d.y, -d.x);
+  const cv::Point2d middle = 0.5 * (drawn.from + drawn.to);
+  return {"profile", middle - across, middle + across};
+}
+
 cv::Point2d BottomPoint(const Plate& plate, double t) {
   const cv::Point2d& from = plate.corners[kBottom];
   const cv::Point2d chord = plate.corners[kBottom + 1] - from;

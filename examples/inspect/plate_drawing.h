@@ -87,6 +87,13 @@ cv::Point2d FromFigureFrame(const cv::Point2d& centre, double angle_deg, double 
 /// The window's corners, clockwise on the screen from the upper left one.
 std::array<cv::Point2d, 4> WindowCorners(const Window& window);
 
+/// The line across the scribed line's middle along which its profile is measured.
+Probe ScribeProfile(const Scribe& drawn);
+
+/// The bottom side's sag is taken in the middle between these columns, from the chord between them.
+inline constexpr double kSagFrom = 310;
+inline constexpr double kSagTo = 910;
+
 /// Point of the bottom side at t in [0, 1] from its first corner.
 cv::Point2d BottomPoint(const Plate& plate, double t);
 

@@ -38,6 +38,17 @@ void AddProbe(const Probe& probe, const std::string& figure, const Outline& outl
   truth->Add(probe.name + "." + figure + ".second", places[1]);
 }
 
+/// The bottom side's y in a column of the picture; x falls along the side.
+double BottomRow(const Plate& plate, double x) {
+  double low = 0;
+  double high = 1;
+  for (int i = 0; i < 60; ++i) {
+    const double middle = (low + high) / 2;
+    (BottomPoint(plate, middle).x > x ? low : high) = middle;
+  }
+  return BottomPoint(plate, low).y;
+}
+
 }  // namespace
 
 void AddParallels(const Plate& plate, TruthLines* truth) {
@@ -65,6 +76,25 @@ void AddTangents(const Plate& plate, TruthLines* truth) {
   const cv::Point2d nearest = bore.radius / Length(d) * d;
   truth->AddPoint("tangent.1", FromFigureFrame(bore.centre, to_contact_deg, nearest.x, nearest.y));
   truth->AddPoint("tangent.2", FromFigureFrame(bore.centre, -to_contact_deg, nearest.x, nearest.y));
+}
+
+void AddBottom(const Plate& plate, TruthLines* truth) {
+  // y is a parabola over t, so its values at 0, 1/2 and 1 tell where it is largest.
+  const double y0 = BottomPoint(plate, 0).y;
+  const double y1 = BottomPoint(plate, 0.5).y;
+  const double y2 = BottomPoint(plate, 1).y;
+  truth->AddPoint("bottom.lowest",
+                  BottomPoint(plate, 0.25 * (3 * y0 - 4 * y1 + y2) / (y0 - 2 * y1 + y2)));
+  truth->Add("bottom.sag", BottomRow(plate, (kSagFrom + kSagTo) / 2) -
+                               (BottomRow(plate, kSagFrom) + BottomRow(plate, kSagTo)) / 2);
+}
+
+void AddScribeProfile(const Plate& plate, TruthLines* truth) {
+  const Probe profile = ScribeProfile(Drawing().scribe);
+  const cv::Point2d across = profile.to - profile.from;
+  const cv::Point2d along = plate.scribe.to - plate.scribe.from;
+  const double share = (plate.scribe.from - profile.from).cross(along) / across.cross(along);
+  truth->Add("scribe.profile.position", share * Length(across));
 }
 
 /// The outline as a thin wire: its principal axes and standard deviations along them.

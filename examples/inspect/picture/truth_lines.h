@@ -44,6 +44,8 @@ inline double DistanceToLine(const cv::Point2d& p, const cv::Point2d& a, const c
 void AddParallels(const Plate& plate, TruthLines* truth);
 void AddCrossings(const Plate& plate, TruthLines* truth);
 void AddTangents(const Plate& plate, TruthLines* truth);
+void AddBottom(const Plate& plate, TruthLines* truth);
+void AddScribeProfile(const Plate& plate, TruthLines* truth);
 void AddOutlineCurve(const Outline& outline, TruthLines* truth);
 void AddFarthest(const Outline& outline, TruthLines* truth);
 

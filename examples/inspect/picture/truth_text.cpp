@@ -109,6 +109,8 @@ std::string TruthText(const Plate& plate) {
   AddParallels(plate, &truth);
   AddCrossings(plate, &truth);
   AddTangents(plate, &truth);
+  AddBottom(plate, &truth);
+  AddScribeProfile(plate, &truth);
   return truth.text_;
 }
 
