@@ -34,7 +34,7 @@ FewPoints<2> UprightCrossings(double u, const Oval& oval) {
     // Deliberate: t is not clamped, so that a line that just misses the oval touches it at a
     // coordinate that is not a number; the segment form drops that point by its test of the ends.
     points.Append(oval.frame.ToImage(u, oval.b * std::sqrt(t)));
-  } else if (t > kOvalTangentReach) {
+  } else if (!(t < -kOvalTangentReach)) {  // so that what is no number comes out as such
     points.Append(oval.frame.ToImage(u, oval.b * std::sqrt(t)));
     points.Append(oval.frame.ToImage(u, -oval.b * std::sqrt(t)));
   }
@@ -108,7 +108,7 @@ FewPoints<2> OvalCrossings(const ZorPoint& p1, const ZorPoint& p2, const ZorPoin
   };
   if (std::fabs(q) <= kOvalTangentReach) {
     append(-qb / (2 * qa));
-  } else if (q > kOvalTangentReach) {
+  } else if (!(q < -kOvalTangentReach)) {
     append((std::sqrt(discriminant) - qb) / (2 * qa));
     append((-qb - std::sqrt(discriminant)) / (2 * qa));
   }
