@@ -12,6 +12,15 @@ namespace {
 // Squares this close may have the same rounded root.
 inline constexpr double kSameRoot = 1.0 - 1e-15;
 
+/// The indices of a leaf's points, or the first of a run without extent, whose points are all the
+/// same.
+template <class Call>
+void ForEachPoint(const RunTree& tree, RunTree::Ref run, const Call& call) {
+  if (tree.At(run).box.Extent() == 0.0) return call(tree.LeastIndex(run));
+  const RunTree::Parts points = tree.PartsOf(run);
+  for (std::uint32_t k = points.begin; k < points.end; ++k) call(tree.Index(k));
+}
+
 }  // namespace
 
 FarthestPairSearch::FarthestPairSearch(const RunTree& a, const RunTree& b) : a_(a), b_(b) {
@@ -30,9 +39,12 @@ void FarthestPairSearch::Take(const IndexedPair& pair) {
 
 void FarthestPairSearch::Visit(Ref a, Ref b) {
   if (!CanBeFarthest(a, b)) return;
-  if (a.level == 0 && b.level == 0) return VisitPoints(a, b);
-  const bool is_a_split =
-      b.level == 0 || (a.level > 0 && a_.At(a).box.Extent() >= b_.At(b).box.Extent());
+  const double extent_a = a_.At(a).box.Extent();
+  const double extent_b = b_.At(b).box.Extent();
+  const bool is_a_whole = a.level == 0 || extent_a == 0.0;
+  const bool is_b_whole = b.level == 0 || extent_b == 0.0;
+  if (is_a_whole && is_b_whole) return VisitPoints(a, b);
+  const bool is_a_split = is_b_whole || (!is_a_whole && extent_a >= extent_b);
   const RunTree& tree = is_a_split ? a_ : b_;
   const Box& other = is_a_split ? b_.At(b).box : a_.At(a).box;
   const RunTree::Parts parts = tree.PartsOf(is_a_split ? a : b);
@@ -62,17 +74,13 @@ bool FarthestPairSearch::CanBeFarthest(Ref a, Ref b) const {
 }
 
 void FarthestPairSearch::VisitPoints(Ref a, Ref b) {
-  const RunTree::Parts points_a = a_.PartsOf(a);
-  const RunTree::Parts points_b = b_.PartsOf(b);
-  for (std::uint32_t k = points_a.begin; k < points_a.end; ++k) {
-    const std::uint32_t i = a_.Index(k);
-    for (std::uint32_t l = points_b.begin; l < points_b.end; ++l) {
-      const std::uint32_t j = b_.Index(l);
+  ForEachPoint(a_, a, [&](std::uint32_t i) {
+    ForEachPoint(b_, b, [&](std::uint32_t j) {
       const ZorPoint v = a_.Start(i) - b_.Start(j);
       const double square = elementary::Dot(v, v);
       if (square >= least_square_) Offer({std::sqrt(square), i, j});
-    }
-  }
+    });
+  });
 }
 
 }  // namespace zor::distance

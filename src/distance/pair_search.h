@@ -38,11 +38,14 @@ class NearestPairSearch {
     const Box box_a = a_.BoxOf(a);
     const Box box_b = b_.BoxOf(b);
     if (IsSettled(a, box_a, b, box_b)) return;
-    if (a.level < 0 && b.level < 0) return Compare(a_.Index(a.k), b_.Index(b.k));
     const double extent_a = box_a.Extent();
     const double extent_b = box_b.Extent();
+    // The items of a run without extent are all the same: its first one stands for them.
+    const bool is_a_one = a.level < 0 || extent_a == 0.0;
+    const bool is_b_one = b.level < 0 || extent_b == 0.0;
+    if (is_a_one && is_b_one) return Compare(a_.LeastIndex(a), b_.LeastIndex(b));
     if (a.level == 0 && b.level == 0 && IsAlike(extent_a, extent_b)) return VisitItems(a, b, box_b);
-    if (b.level < 0 || (a.level >= 0 && IsFirstToSplit(a, box_a, box_b))) {
+    if (is_b_one || (!is_a_one && IsFirstToSplit(a, box_a, box_b))) {
       VisitParts(a_, a, box_b, [&](Ref part) { Visit(part, b); });
     } else {
       VisitParts(b_, b, box_a, [&](Ref part) { Visit(a, part); });
