@@ -6,12 +6,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <numeric>
 #include <vector>
 
+#include "distance/farthest_search.h"
+#include "distance/indexed_pair.h"
+#include "distance/run_tree.h"
 #include "elementary/point_kernels.h"
-#include "shape/best_pair.h"
-#include "shape/capsule_tree.h"
+
+using zor::distance::FarthestPairSearch;
+using zor::distance::IndexedPair;
+using zor::distance::RunTree;
 
 namespace zor::shape {
 
@@ -24,7 +28,7 @@ constexpr std::size_t kFew = 96;
 constexpr double kSmallestSize = 1e-100;
 constexpr double kLargestSize = 1e100;
 
-// Relative; see CapsuleTree.
+// Relative. Far above the rounding of the bounds (some 1e-15), far below what they tell apart.
 constexpr double kRoundingSlack = 1e-12;
 
 constexpr std::size_t kSectors = 64;
@@ -52,17 +56,17 @@ Box BoundsOf(std::span<const ZorPoint> points) {
   return box;
 }
 
-ListedPoint Listed(std::span<const ZorPoint> points, std::size_t i) {
-  return {points[i].x, points[i].y, static_cast<std::uint32_t>(i)};
-}
-
 /// The plain way, less the rows that cannot have a distance and those after an infinite one.
-void CompareAll(std::span<const ZorPoint> points, BestPair& best) {
-  for (std::size_t i = 0; i < points.size() && !std::isinf(best.Distance()); ++i) {
+IndexedPair CompareAll(std::span<const ZorPoint> points) {
+  IndexedPair best;
+  for (std::uint32_t i = 0; i < points.size() && !std::isinf(best.distance); ++i) {
     if (IsNotANumber(points[i])) continue;
-    const ListedPoint p = Listed(points, i);
-    for (std::size_t j = i + 1; j < points.size(); ++j) best.Offer(p, Listed(points, j));
+    for (std::uint32_t j = i + 1; j < points.size(); ++j) {
+      const double distance = elementary::Distance(points[i], points[j]);
+      if (distance > best.distance) best = {distance, i, j};
+    }
   }
+  return best;
 }
 
 /// Direction as a number in [0, 4], rising with the angle from +x towards +y: the way along the
@@ -120,7 +124,7 @@ class Sectors {
     const double inner = size_ - elementary::Distance(box.high, centre_);
     const double inner2 = inner * inner;
     sector_of_.resize(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) {
+    for (std::uint32_t i = 0; i < points.size(); ++i) {
       const ZorPoint v = points[i] - centre_;
       const double r2 = elementary::Dot(v, v);
       if (!(r2 >= inner2)) {  // also a point that is not a number
@@ -136,29 +140,31 @@ class Sectors {
     }
   }
 
-  /// Offers the pairs of outermost points: the best of them is close to the best of all.
-  void OfferOutermost(BestPair& best) const {
-    std::vector<ListedPoint> outermost;
-    outermost.reserve(kSectors);
-    for (std::size_t k = 0; k < kSectors; ++k) {
-      if (outer2_[k] > 0) outermost.push_back(Listed(points_, outermost_[k]));
-    }
-    OfferAllPairs(outermost, best);
-  }
-
-  /// The points that some point could lie as far from as `distance`, in the order of their angles
-  /// about the centre (up to a fine grid) and of their indices.
-  [[nodiscard]] std::vector<ListedPoint> Candidates(double distance) const {
-    const std::array<double, kSectors> least2 = LeastSquaredRadii(std::max(distance, size_));
-    std::vector<std::uint32_t> kept;
-    for (std::size_t i = 0; i < points_.size(); ++i) {
-      if (sector_of_[i] == kNowhere) continue;
-      const ZorPoint v = points_[i] - centre_;
-      if (elementary::Dot(v, v) >= least2[sector_of_[i]]) {
-        kept.push_back(static_cast<std::uint32_t>(i));
+  /// The largest distance of outermost points: close to the largest of all.
+  [[nodiscard]] double FarthestOutermost() const {
+    double farthest = size_;
+    for (std::size_t a = 0; a < kSectors; ++a) {
+      for (std::size_t b = a + 1; b < kSectors; ++b) {
+        if (!(outer2_[a] > 0) || !(outer2_[b] > 0)) continue;
+        const double distance =
+            elementary::Distance(points_[outermost_[a]], points_[outermost_[b]]);
+        farthest = std::max(farthest, distance);
       }
     }
-    return InAngularOrder(kept);
+    return farthest;
+  }
+
+  /// The indices of the points that some point could lie as far from as `distance`, which is at
+  /// least the box's size.
+  [[nodiscard]] std::vector<std::uint32_t> Candidates(double distance) const {
+    const std::array<double, kSectors> least2 = LeastSquaredRadii(distance);
+    std::vector<std::uint32_t> kept;
+    for (std::uint32_t i = 0; i < points_.size(); ++i) {
+      if (sector_of_[i] == kNowhere) continue;
+      const ZorPoint v = points_[i] - centre_;
+      if (elementary::Dot(v, v) >= least2[sector_of_[i]]) kept.push_back(i);
+    }
+    return kept;
   }
 
  private:
@@ -188,51 +194,44 @@ class Sectors {
     return least2;
   }
 
-  /// A stable counting sort.
-  [[nodiscard]] std::vector<ListedPoint> InAngularOrder(
-      const std::vector<std::uint32_t>& kept) const {
-    const std::size_t parts = std::max<std::size_t>(4, kept.size());
-    const auto part_of = [&](std::uint32_t i) {
-      return PartOf(DiamondAngle(points_[i] - centre_), parts);
-    };
-    std::vector<std::uint32_t> next(parts + 1, 0);
-    for (const std::uint32_t i : kept) ++next[part_of(i) + 1];
-    std::partial_sum(next.begin(), next.end(), next.begin());
-    std::vector<ListedPoint> ordered(kept.size());
-    for (const std::uint32_t i : kept) ordered[next[part_of(i)]++] = Listed(points_, i);
-    return ordered;
-  }
-
   std::span<const ZorPoint> points_;
   ZorPoint centre_;
   double size_;  // of the bounding box, less the slack
   std::vector<std::uint8_t> sector_of_;
   std::array<double, kSectors> outer2_ = {};
-  std::array<std::size_t, kSectors> outermost_ = {};
+  std::array<std::uint32_t, kSectors> outermost_ = {};
 };
 
-BestPair Search(std::span<const ZorPoint> points) {
-  BestPair best;
+/// The farthest pair among the candidates.
+IndexedPair SearchRuns(std::span<const ZorPoint> points,
+                       const std::vector<std::uint32_t>& candidates) {
+  std::vector<ZorPoint> chosen;
+  chosen.reserve(candidates.size());
+  for (const std::uint32_t i : candidates) chosen.push_back(points[i]);
+  const RunTree tree(chosen, RunTree::Items::kPoints);
+  FarthestPairSearch search(tree, tree);
+  search.Visit(tree.Root(), tree.Root());
+  const IndexedPair best = search.Best();
+  return {best.distance, candidates[best.a], candidates[best.b]};
+}
+
+IndexedPair Search(std::span<const ZorPoint> points) {
   const Box box = BoundsOf(points);
+  if (box.low == box.high) return {};  // all coincide
   const double size = box.Size();
-  if (points.size() <= kFew || !(size >= kSmallestSize && size <= kLargestSize)) {
-    // Coinciding points have no pair; skip looking for it.
-    if (box.low != box.high) CompareAll(points, best);
-    return best;
-  }
+  const bool is_ordinary = size >= kSmallestSize && size <= kLargestSize;
+  if (points.size() <= kFew || !is_ordinary) return CompareAll(points);
   const Sectors sectors(points, box);
-  sectors.OfferOutermost(best);
-  CapsuleTree(sectors.Candidates(best.Distance())).OfferFarthest(best);
-  return best;
+  return SearchRuns(points, sectors.Candidates(sectors.FarthestOutermost()));
 }
 
 }  // namespace
 
 PointPair FarthestPair(std::span<const ZorPoint> points) {
   if (points.size() == 2) return {points[0], points[1]};
-  const BestPair best = Search(points);
-  if (!best.Found()) return {};
-  return {points[best.First()], points[best.Second()]};
+  const IndexedPair best = Search(points);
+  if (!(best.distance > 0)) return {};
+  return {points[best.a], points[best.b]};
 }
 
 }  // namespace zor::shape
