@@ -231,9 +231,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Circle and ellipse fits =================================================================
   // Re-weighted fits: `iterations` passes; between two of them every point gets the weight
   // 1 - (e / clipDistance)^2 for its distance e from the figure below clipDistance, else 0, which
-  // enters squared. With fewer points left than the figure has coefficients (3, or 5 for an ellipse)
-  // the fit ends with the passes done. Coordinates that are not finite give a code or results that
-  // are not finite either.
+  // enters squared. With fewer points left than the figure has coefficients (3, or 5 for an
+  // ellipse) the fit ends with the passes done. Coordinates that are not finite give a code or
+  // results that are not finite either.
 
   /// Circle by the closed-form algebraic fit. Not traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
@@ -251,8 +251,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long LeastSqaureCircleFit(ZorPointArray& points, int iterations, double clipDistance,
                             ZorPoint* center, double* radius);
 
-  /// Re-weighted least absolute residuals of the algebraic model (square pixels), at most 10 steps a
-  /// pass. Residuals beyond 2 enter the steps less 2 and cut to a whole number; one of exactly 0
+  /// Re-weighted least absolute residuals of the algebraic model (square pixels), at most 10 steps
+  /// a pass. Residuals beyond 2 enter the steps less 2 and cut to a whole number; one of exactly 0
   /// makes the result not a number. Traced. With GM_E_CIRCLE_FIT_FAILED the outputs are written.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
   /// @retval GM_E_PARAM_2  iterations < 1
@@ -264,9 +264,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// Centre of rotation of points that carry an angle each, in degrees. From three points on: every
   /// three of them give the centre of the rotation by the difference of the first two's angles that
   /// carries the first onto the second, and the mean distance of the three; of the two senses of
-  /// rotation the one that fits the three better. The result is the mean over all of them, which takes
-  /// time with the cube of the number of points. Two points: the centre lies midway between the
-  /// points where the lines through them at their angles (from +x towards +y) meet their
+  /// rotation the one that fits the three better. The result is the mean over all of them, which
+  /// takes time with the cube of the number of points. Two points: the centre lies midway between
+  /// the points where the lines through them at their angles (from +x towards +y) meet their
   /// perpendicular bisector, snapped to four decimals, coordinates below 1e-5 to 0. Traced; two
   /// points leave no end record, but nested ones of "LinesIntersection".
   /// @retval GM_E_PARAM_1  fewer than 2 points
@@ -1135,6 +1135,17 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // How closely an outline matches an ideal form. Points are the vertices of a closed polygon.
   // Routines in single precision take the points rounded to it; a coordinate that is not finite
   // then makes their results not a number.
+
+  /// How nearly the outline is a circle, 1 for one. Mode 0: area over that of the circle with the
+  /// same perimeter. Mode 1: 1 less the root mean square of the distances from the fitted circle
+  /// (FitCircle) over its radius. Mode 2: area over that of the fitted circle. Mode 3: area over
+  /// that of the circle about PolygonCenter through the farthest point. A ratio v rates as
+  /// 1 - |1 - v|; ratings below 0 are 0, as where no circle fits. Not a number where a mode divides
+  /// 0 by 0: points on a line in mode 2, coinciding points in the others. Not traced itself; a
+  /// nested "PolygonCenter" in mode 3 is.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 10 points
+  /// @retval GM_E_PARAM_2  mode outside 0 .. 3
+  long Roundness(ZorPointArray& points, int mode, double* roundness);
 
   /// Straightness of a point set. Mode 0: eccentricity of the ellipse of its second moments, from 0
   /// for a set as wide as it is long to 1 for a line; not a number for points that all coincide.

@@ -15,10 +15,7 @@ using zor::frame::kPi;
 
 namespace zor::shape {
 
-double RateRatio(double value) {
-  const double rating = 1 - std::fabs(1 - value);
-  return rating < 0 ? 0.0 : rating;
-}
+double RateRatio(double value) { return NotNegative(1 - std::fabs(1 - value)); }
 
 double Perimeter(std::span<const ZorPoint> polygon) {
   double length = Distance(polygon.front(), polygon.back());
@@ -68,7 +65,7 @@ double MomentEccentricity(std::span<const ZorPoint> points) {
   constexpr double kScale = 2 * std::numbers::sqrt2;
   const double length = kScale * std::sqrt(s + r);
   // By rounding the difference falls below 0 for points on a line.
-  const double width = kScale * std::sqrt(s - r < 0 ? 0.0 : s - r);
+  const double width = kScale * std::sqrt(NotNegative(s - r));
   const double focal = std::sqrt(length * length / 4 - width * width / 4);
   return 2 * focal / length;
 }

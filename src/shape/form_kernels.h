@@ -10,6 +10,9 @@
 
 namespace zor::shape {
 
+/// The value, 0 when it is negative; not a number stays so.
+[[nodiscard]] inline double NotNegative(double value) { return value < 0 ? 0.0 : value; }
+
 /// 1 - |1 - value|, 0 when that is negative: how near a ratio is to 1.
 [[nodiscard]] double RateRatio(double value);
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "ZorGeometryMeasure.h"
+#include "elementary/area_kernels.h"
 #include "elementary/line_kernels.h"
 #include "frame/checks.h"
 #include "frame/store.h"
@@ -55,6 +56,36 @@ double BandWidth(ZorGeometryMeasure& measure, const ZorPointArray& points, const
 }
 
 }  // namespace
+
+long ZorGeometryMeasure::Roundness(ZorPointArray& points, int mode, double* roundness) {
+  if (points.Length() < 10) return GM_E_TOO_FEW_POINTS;
+  if (!IsMode(mode, 3)) return InvalidArgument(2);
+  const double area = mode == 1 ? 0.0 : std::fabs(elementary::SignedArea(points.View()));
+  ZorPoint centre;
+  double radius = 0.0;  // stays where no circle fits, and rates as 0 then
+  if (mode == 1 || mode == 2) static_cast<void>(FitCircle(points, &centre, &radius));
+  switch (mode) {
+    case 0: {
+      const double perimeter = shape::Perimeter(points.View());
+      Store(roundness, shape::RateRatio(area / (perimeter * perimeter) * 4 * kPi));
+      break;
+    }
+    case 1: {
+      const double m = shape::MeanSquaredRadialDeviation(points.View(), centre, radius);
+      Store(roundness, shape::NotNegative(1 - std::sqrt(m / (radius * radius))));
+      break;
+    }
+    case 2:
+      Store(roundness, shape::RateRatio(area / (radius * radius * kPi)));
+      break;
+    default: {
+      static_cast<void>(PolygonCenter(points, &centre));  // checked: 10 points
+      const double largest = shape::LargestRadius(points.View(), centre);
+      Store(roundness, shape::RateRatio(area / (largest * largest * kPi)));
+    }
+  }
+  return GM_OK;
+}
 
 long ZorGeometryMeasure::Straightness(ZorPointArray& points, int mode, double* straightness) {
   if (points.Length() < 10) return GM_E_TOO_FEW_POINTS;

@@ -42,13 +42,13 @@ TEST(PolygonArea, SignsAndTooFewPoints) {
   ZORMV::ZorGeometryMeasureDlg dlg;
   ZorPointArray square = {{0, 0}, {1, 0}, {1, 1}, {0, 1}}, two = {{0, 0}, {1, 0}};
   double area = kUntouched;
-  EXPECT_EQ(m.Area2(square, &area), GM_OK);
-  EXPECT_EQ(area, 1.0);
-  std::reverse(square.begin(), square.end());
-  EXPECT_EQ(m.Area2(square, &area), GM_OK);
-  EXPECT_EQ(area, -1.0);
-  EXPECT_EQ(dlg.PolygonArea(square, &area), GM_OK);
-  EXPECT_EQ(area, 1.0);
+  for (const double sign : {1.0, -1.0}) {
+    EXPECT_EQ(m.Area2(square, &area), GM_OK);
+    EXPECT_EQ(area, sign);
+    EXPECT_EQ(dlg.PolygonArea(square, &area), GM_OK);
+    EXPECT_EQ(area, 1.0);
+    std::reverse(square.begin(), square.end());
+  }
   EXPECT_EQ(m.Area2(two, &area), GM_E_TOO_FEW_POINTS);
   EXPECT_EQ(area, 0.0) << "set although the call fails";
   area = kUntouched;
@@ -92,8 +92,6 @@ TEST(Area, CutsVerticesTowardsZero) {
 TEST(CalcMoment, OrdersThatAreNotOfferedGiveZero) {
   const ZorPointArray square = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
   for (const int order : {-1, 3, 9, 12, 19, 21, 23, 33, 100}) EXPECT_EQ(Moment(square, order), 0.0);
-  EXPECT_DOUBLE_EQ(Moment(square, 10), 0.5);
-  EXPECT_DOUBLE_EQ(Moment(square, 20), 1.0 / 3);
   ZorPointArray none;
   double moment = kUntouched;
   EXPECT_EQ(ZorGeometryMeasure().CalcMoment(none, 12, &moment), GM_E_TOO_FEW_POINTS);
@@ -101,7 +99,7 @@ TEST(CalcMoment, OrdersThatAreNotOfferedGiveZero) {
 }
 
 TEST(CalcMoment, AgreesWithSummingSmallPieces) {
-  const ZorPoint v[4] = {{1, 2}, {7, 1}, {9, 6}, {4, 3}};  // concave at none, positive area
+  const ZorPoint v[4] = {{1, 2}, {7, 1}, {9, 6}, {4, 3}};
   const ZorPointArray polygon(v, 4);
   const ZorPointArray reversed = {v[3], v[2], v[1], v[0]};
   for (const int order : {0, 1, 10, 2, 20, 11, 22}) {

@@ -109,18 +109,15 @@ TEST(FarthestPair, OddCoordinatesNeitherHangNorTakePart) {
 TEST(FindMaxDistancePointPair, CountsTiesAndNullOutputs) {
   ZorGeometryMeasure m;
   ZorPoint first = zor::test::UntouchedPoint(), second = zor::test::UntouchedPoint();
-  ZorPointArray points = {{5, 6}};
-  EXPECT_EQ(m.FindMaxDistancePointPair(points, &first, &second), GM_E_TOO_FEW_POINTS);
+  ZorPointArray one = {{5, 6}}, two = {{5, 6}, {5, 6}}, three = {{5, 6}, {5, 6}, {5, 6}},
+                rectangle = {{0, 0}, {3, 0}, {0, 4}, {3, 4}};
+  EXPECT_EQ(m.FindMaxDistancePointPair(one, &first, &second), GM_E_TOO_FEW_POINTS);
   EXPECT_TRUE(zor::test::IsUntouched(first) && zor::test::IsUntouched(second));
-  points.Append(ZorPoint(5, 6));
-  EXPECT_EQ(m.FindMaxDistancePointPair(points, &first, &second), GM_OK);
+  EXPECT_EQ(m.FindMaxDistancePointPair(two, &first, &second), GM_OK);
   EXPECT_EQ(second, ZorPoint(5, 6)) << "two points are not compared";
-  points.Append(ZorPoint(5, 6));
-  EXPECT_EQ(m.FindMaxDistancePointPair(points, &first, &second), GM_OK);
+  EXPECT_EQ(m.FindMaxDistancePointPair(three, &first, &second), GM_OK);
   EXPECT_EQ(first, ZorPoint()) << "no pair among coinciding points";
-  points.Assign({{0, 0}, {3, 0}, {0, 4}, {3, 4}});
-  EXPECT_EQ(m.FindMaxDistancePointPair(points, &first, nullptr), GM_OK);
-  EXPECT_EQ(m.FindMaxDistancePointPair(points, nullptr, &second), GM_OK);
-  EXPECT_EQ(first, ZorPoint(0, 0));
-  EXPECT_EQ(second, ZorPoint(3, 4));
+  EXPECT_EQ(m.FindMaxDistancePointPair(rectangle, &first, nullptr), GM_OK);
+  EXPECT_EQ(m.FindMaxDistancePointPair(rectangle, nullptr, &second), GM_OK);
+  EXPECT_TRUE(first == ZorPoint(0, 0) && second == ZorPoint(3, 4));
 }

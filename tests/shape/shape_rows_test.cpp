@@ -22,7 +22,7 @@ TEST(ShapeOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
   ZORMV::ZorGeometryMeasureDlg dlg;
   ZorPointArray polygon = {{0, 0}, {10, 0}, {10, 4}, {0, 4}}, axes, many;
-  for (int i = 0; i < 10; ++i) many.Append(ZorPoint(i, i % 2));
+  for (int i = 0; i < 10; ++i) many.Append(ZorPoint(i, i * (9 - i)));
   ZorVarArray values;
   ZorPoint out1, out2;
   double value = 0.0, length = 0.0, width = 0.0, angle = 0.0, radius = 5.0;
@@ -48,6 +48,9 @@ TEST(ShapeOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        [&](bool w) {
          return dlg.PrincipalComponentAnalysis(polygon, Want(w, values), Want(w, axes));
        }},
+      {"Roundness, mode 1", "", [&](bool w) { return m.Roundness(many, 1, Want(w, value)); }},
+      {"Roundness, mode 3", "+PolygonCenter -PolygonCenter",
+       [&](bool w) { return m.Roundness(many, 3, Want(w, value)); }},
       {"Straightness, mode 0", "", [&](bool w) { return m.Straightness(many, 0, Want(w, value)); }},
       {"Straightness, mode 1",
        "+LeastSqaureLineFit" + Repeated(10, " +PointTolineDistance -PointTolineDistance"),
