@@ -408,6 +408,23 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   long FindPolygon(ZorPointArray& points, double tolerance, int n, bool closed,
                    ZorPointArray* polygon);
 
+  /// Replaces `defects` by the parts of the contour that stray from its straight sides, found by
+  /// ZorFindDefectRegion::Find: `tolerance` and `count` reduce the contour, taken as open, to the
+  /// vertices between the sides; a defect is a run of points farther than `distance` from the line
+  /// along its side. A run of k + 1 points counts as k long, and its first k points become a contour;
+  /// k is at least minLength. So for a nick to be found whole the tolerance must exceed its depth,
+  /// and `distance` must not. Traced as "FindDefectRegion", around a nested "LeastSqaureLineFit" a
+  /// side.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 4 points
+  /// @retval GM_E_PARAM_2  tolerance <= 0
+  /// @retval GM_E_PARAM_3  count < 0
+  /// @retval GM_E_PARAM_4  distance <= 0
+  /// @retval GM_E_PARAM_5  minLength < 1
+  /// @retval GM_E_PARAM_1  nothing found
+  long FindDefectRegion(ZorContour& contour, double tolerance, int count, double distance,
+                        int minLength, ZorContourArray* defects);
+
   // ==== Images ==================================================================================
 
   long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include "ZorStatus.h"
 #include "zorgeometrymeasure_export.h"
 #include <ZorData.h>
@@ -49,4 +52,12 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
   /// without area keeps its direction.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
   long ReorganizePolygon(ZorPointArray& polygon);
+
+  // ==== Defects =================================================================================
+
+  /// Finds nothing; ZorFindDefectRegion and the facade's FindDefectRegion do. Reseeds `rand` as
+  /// ZorRansacFit does and reads or writes no argument but the contour's points. GM_OK with more
+  /// than 10 points, else -1.
+  long FindDefectRegion(ZorContour& contour, double tolerance, double distance, double reserved,
+                        int minLength, std::vector<std::pair<int, int>>& runs);
 };

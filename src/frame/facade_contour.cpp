@@ -1,5 +1,7 @@
 #include <utility>
+#include <vector>
 
+#include "ZorFindDefectRegion.h"
 #include "ZorGeometryMeasureDlg.h"
 #include "ZorGeometryMeasureTools.h"
 #include "frame/checks.h"
@@ -19,6 +21,32 @@ long ZorGeometryMeasureDlg::FindPolygon(ZorPointArray& points, double tolerance,
   if (n < 0) return InvalidArgument(3);
   static_cast<void>(  // checked above
       ZorGeometryMeasureTools().GetPolygon2(points, tolerance, n, closed, polygon));
+  return trace.Done();
+}
+
+long ZorGeometryMeasureDlg::FindDefectRegion(ZorContour& contour, double tolerance, int count,
+                                             double distance, int minLength,
+                                             ZorContourArray* defects) {
+  Trace trace("FindDefectRegion");
+  if (contour.Empty()) return GM_E_EMPTY_CONTOUR;
+  if (contour.Length() < 4) return InvalidArgument(1);
+  if (!IsPositive(tolerance)) return InvalidArgument(2);
+  if (count < 0) return InvalidArgument(3);
+  if (!IsPositive(distance)) return InvalidArgument(4);
+  if (minLength < 1) return InvalidArgument(5);
+  ZorPointArray points;
+  contour.ToPointArray(&points);
+  std::vector<std::pair<int, int>> runs;
+  static_cast<void>(  // always succeeds
+      ZorFindDefectRegion().Find(points, tolerance, distance, count, minLength, runs));
+  if (runs.empty()) return InvalidArgument(1);
+  if (defects != nullptr) {
+    defects->Clear();
+    for (const auto& [start, length] : runs) {
+      const ZorPoint* first = points.begin() + start;
+      defects->Append(ZorContour(std::vector<ZorPoint>(first, first + length)));
+    }
+  }
   return trace.Done();
 }
 

@@ -14,6 +14,9 @@ TEST(ContourOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorContour contour = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
   ZorPointArray points = {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, polygon;
   ZorContour in_line = {{0, 0}, {1, 0}, {3, 0}, {2, 0}}, result;
+  ZorContour bent = {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 3},
+                     {5, 3}, {6, 0}, {7, 0}, {8, 0}, {9, 0}};
+  ZorContourArray parts;
   ZorPoint centre(5, 5);
   zor::test::CheckRows({
       {"ContourScaling", "",
@@ -32,5 +35,7 @@ TEST(ContourOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        [&](bool w) { return tools.GetPolygon2(points, 1, 0, true, Want(w, polygon)); }},
       {"Dlg::FindPolygon", "+FindPolygon -FindPolygon",
        [&](bool w) { return dlg.FindPolygon(points, 1, 0, true, Want(w, polygon)); }},
+      {"Dlg::FindDefectRegion", "+FindDefectRegion +LeastSqaureLineFit -FindDefectRegion",
+       [&](bool w) { return dlg.FindDefectRegion(bent, 5, 0, 1, 1, Want(w, parts)); }},
   });
 }
