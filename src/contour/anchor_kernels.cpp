@@ -17,11 +17,12 @@ constexpr double kCellsPerPixel = 0.25 / kAnchorReach;
 constexpr double kCellReach = 1.1 * kAnchorReach;  // more than rounding lets through
 
 /// The cell of a coordinate: never falls as the coordinate grows, and 0 for what is not a number.
+/// Cut towards 0, which is faster than down and only makes that cell wider.
 std::int64_t CellOf(double coordinate) {
   constexpr double kLast = 1e18;
-  const double cell = std::floor(coordinate * kCellsPerPixel);
-  if (std::isnan(cell)) return 0;
-  return static_cast<std::int64_t>(std::clamp(cell, -kLast, kLast));
+  const double cell = coordinate * kCellsPerPixel;
+  if (std::fabs(cell) < kLast) return static_cast<std::int64_t>(cell);
+  return std::isnan(cell) ? 0 : static_cast<std::int64_t>(std::copysign(kLast, cell));
 }
 
 /// The vertices hashed by the cells that their reach touches: mostly one, at most four. Linear

@@ -1,6 +1,7 @@
 #include <array>
 #include <cstddef>
 #include <cwchar>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -9,10 +10,13 @@
 #include "ZorGeometryMeasureTools.h"
 #include "ZorRansacFit.h"
 #include "contour/anchor_kernels.h"
+#include "contour/side_verdict.h"
 #include "elementary/segment_distance_kernels.h"
 #include "fitting/ransac_kernels.h"
+#include "frame/trace.h"
 #include <ZorDebugger.h>
 
+using zor::frame::IsTracing;
 namespace contours = zor::contour;
 namespace elementary = zor::elementary;
 namespace fitting = zor::fitting;
@@ -33,17 +37,29 @@ struct Wanted {
   int min_length;
 };
 
+/// The line along a side, or another that the same points are far from; nothing when the fit gives
+/// none.
+std::optional<ZorLine> LineAlong(ZorPointView side, double distance) {
+  // Records of the fits are wanted while there is a sink; otherwise few sides need the fit.
+  if (!IsTracing()) {
+    const std::optional<ZorLine> line = contours::LineOfSameVerdict(side, distance);
+    if (line) return line;
+  }
+  ZorPointArray points(side.data(), side.size());
+  ZorLine line;  // a fit that fails leaves both ends equal
+  static_cast<void>(
+      ZorGeometryMeasure().LeastSqaureLineFit(points, 1, kSideClip, &line.start, &line.end));
+  if (elementary::Coincide(line.start, line.end)) return std::nullopt;
+  return line;
+}
+
 /// Appends the defects of the side of the given points, the first of which has index `first`.
 void AppendDefects(ZorPointView side, int first, const Wanted& wanted,
                    std::vector<fitting::Run>& runs) {
-  ZorPointArray points(side.data(), side.size());
-  ZorPoint start;
-  ZorPoint end;
-  // A fit that fails leaves both ends equal, and the side is left out.
-  static_cast<void>(ZorGeometryMeasure().LeastSqaureLineFit(points, 1, kSideClip, &start, &end));
-  if (elementary::Coincide(start, end)) return;
+  const std::optional<ZorLine> line = LineAlong(side, wanted.distance);
+  if (!line) return;
   std::vector<fitting::Run> far_runs;
-  fitting::CollectFarRuns({start, end}, wanted.distance, side, far_runs);
+  fitting::CollectFarRuns(*line, wanted.distance, side, far_runs);
   for (const auto& [begin, length] : far_runs) {
     // Deliberate: the first short run ends the side; they come longest first.
     if (length < wanted.min_length) break;

@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <optional>
 
 #include <opencv2/core.hpp>
@@ -33,21 +34,26 @@
 // rounds in each of the few operations of a distance, and takes its sums of squares from 0, not
 // from the mean. With D the extents' sum and M the largest coordinate, each distance is good to 3
 // eps D + 5 eps M, far within kExtentSlack and kSizeSlack; a start line's direction to 8 * 2^-53
-// (sum of squares / anisotropy) + 2 eps, which kLeastAnisotropy keeps below 1e-6.
+// (sum of squares / anisotropy) + 2 eps, which kLeastAnisotropy keeps below 1e-6. A bound on the
+// sum of the returned line takes the error of a distance twice, for it and the start line, and that
+// of the start line's direction once: 6 eps + 1e-6 of D and 12 eps of M.
 
 namespace zor::fitting {
 namespace {
 
-inline constexpr float kSteepRatio = 1e6F;        // exclusive
-inline constexpr int kStartLines = 20;            // restarts of the routine
-inline constexpr std::size_t kStartPoints = 10;   // of each
-inline constexpr double kExtentSlack = 1e-5;      // of the extents, a point
-inline constexpr double kSizeSlack = 1e-6;        // of the largest coordinate, a point
-inline constexpr double kLeastSum = 1e-6;         // a point; below 1.2e-7 the routine stops early
-inline constexpr double kLeastAnisotropy = 1e-7;  // of the mean square
-inline constexpr double kGreatestSize = 1e15;     // its square is far within single precision
-inline constexpr double kSteepSine = 9e-7;        // below the least |vx| of a line not steep
-inline constexpr double kSineSlack = 1.4e-7;      // two steps of single precision at half pi
+inline constexpr float kSteepRatio = 1e6F;         // exclusive
+inline constexpr int kStartLines = 20;             // restarts of the routine
+inline constexpr std::size_t kStartPoints = 10;    // of each
+inline constexpr double kExtentSlack = 1e-5;       // of the extents, a point
+inline constexpr double kSizeSlack = 1e-6;         // of the largest coordinate, a point
+inline constexpr double kLeastSum = 1e-6;          // a point; below 1.2e-7 the routine stops early
+inline constexpr double kLeastAnisotropy = 1e-7;   // of the mean square
+inline constexpr double kGreatestSize = 1e15;      // its square is far within single precision
+inline constexpr int kBoundLines = 3;              // start lines tried for a bound
+inline constexpr double kBoundExtentSlack = 2e-6;  // of the extents, a point
+inline constexpr double kBoundSizeSlack = 1e-6;    // of the largest coordinate, a point
+inline constexpr double kSteepSine = 9e-7;         // below the least |vx| of a line not steep
+inline constexpr double kSineSlack = 1.4e-7;       // two steps of single precision at half pi
 
 /// What the bounds need of all points.
 struct Cloud {
@@ -133,10 +139,10 @@ class StartPoints {
   std::size_t count_ = 0;
 };
 
-/// Whether the sum of `distance` over the points is below `bound`; stops once it is not. Two
-/// running sums, so that additions need not wait for one another.
+/// The sum of `distance` over the points, or any part of it that is not below `bound`. Two running
+/// sums, so that additions need not wait for one another.
 template <typename Distance>
-bool SumsBelow(double bound, std::span<const ZorPoint> points, Distance distance) {
+double SumUpTo(double bound, std::span<const ZorPoint> points, Distance distance) {
   constexpr std::size_t kBlock = 64;
   double sum = 0.0;
   for (std::size_t i = 0; i < points.size() && sum < bound;) {
@@ -149,17 +155,22 @@ bool SumsBelow(double bound, std::span<const ZorPoint> points, Distance distance
     if (i < end) even += distance(points[i++]);
     sum += even + odd;
   }
-  return sum < bound;
+  return sum;
+}
+
+/// The sum of the distances from the line, or any part of it that is not below `bound`.
+double DistanceSumUpTo(double bound, const HuberLine& line, std::span<const ZorPoint> points) {
+  const double nx = static_cast<double>(line.vy);
+  const double ny = -static_cast<double>(line.vx);
+  const double px = static_cast<double>(line.x0);
+  const double py = static_cast<double>(line.y0);
+  return SumUpTo(bound, points,
+                 [=](const ZorPoint& p) { return std::fabs(nx * (p.x - px) + ny * (p.y - py)); });
 }
 
 /// Whether the start line lies below the bound of all steep lines.
 bool BeatsSteepLines(const HuberLine& start, std::span<const ZorPoint> points, double bound) {
-  const double nx = static_cast<double>(start.vy);
-  const double ny = -static_cast<double>(start.vx);
-  const double px = static_cast<double>(start.x0);
-  const double py = static_cast<double>(start.y0);
-  return SumsBelow(bound, points,
-                   [=](const ZorPoint& p) { return std::fabs(nx * (p.x - px) + ny * (p.y - py)); });
+  return DistanceSumUpTo(bound, start, points) < bound;
 }
 
 /// Whether the start line through one column of points lies below the bound of all lines that are
@@ -167,7 +178,8 @@ bool BeatsSteepLines(const HuberLine& start, std::span<const ZorPoint> points, d
 bool BeatsSlantedLines(const HuberLine& start, std::span<const ZorPoint> points, double bound) {
   const double sine = std::fabs(static_cast<double>(start.vx)) + kSineSlack;
   const double py = static_cast<double>(start.y0);
-  return SumsBelow(bound / sine, points, [=](const ZorPoint& p) { return std::fabs(p.y - py); });
+  const double limit = bound / sine;
+  return SumUpTo(limit, points, [=](const ZorPoint& p) { return std::fabs(p.y - py); }) < limit;
 }
 
 }  // namespace
@@ -214,6 +226,19 @@ bool IsHuberLineSteep(std::span<const ZorPoint> points) {
   }
   const HuberLine line = FitHuberLine(points);
   return std::fabs(line.vy / line.vx) > kSteepRatio;
+}
+
+double DistanceSumBound(std::span<const ZorPoint> points, double extents, double size) {
+  double least = std::numeric_limits<double>::infinity();
+  if (!(size < kGreatestSize)) return least;
+  const int lines = points.size() <= kStartPoints ? 1 : kBoundLines;
+  StartPoints start(points);
+  for (int k = 0; k < lines; ++k) {
+    const std::optional<HuberLine> line = start.NextLine();
+    if (line) least = std::min(least, DistanceSumUpTo(least, *line, points));
+  }
+  const double slack = kBoundExtentSlack * extents + kBoundSizeSlack * size + kLeastSum;
+  return least + static_cast<double>(points.size()) * slack;
 }
 
 }  // namespace zor::fitting

@@ -23,6 +23,12 @@ struct HuberLine {
 /// Mostly without running it, see the argument in the source; then about 5 ns a point.
 [[nodiscard]] bool IsHuberLineSteep(std::span<const ZorPoint> points);
 
+/// No less than the sum of the points' distances from the line that FitHuberLine gives; infinite
+/// when that is not to be had without it. `extents` is the width and height that the points cover,
+/// together, and `size` their largest coordinate. About 2 ns a point.
+[[nodiscard]] double DistanceSumBound(std::span<const ZorPoint> points, double extents,
+                                      double size);
+
 /// The cheap half of IsHuberLineSteep, for its tests.
 enum class Steepness { kSteep, kNotSteep, kDoubtful };
 [[nodiscard]] Steepness JudgeSteepness(std::span<const ZorPoint> points);

@@ -9,6 +9,10 @@
 
 #include "contour/anchor_kernels.h"
 #include "contour/outlines.h"
+#include "contour/side_verdict.h"
+#include "fitting/huber_line.h"
+#include "fitting/line_fit_kernels.h"
+#include "fitting/ransac_kernels.h"
 #include "support/values.h"
 #include <ZorDebugger.h>
 #include <ZorFindDefectRegion.h>
@@ -191,5 +195,68 @@ TEST(FindAnchors, FirstPointWithinReachOfEachVertex) {
         expected.push_back(static_cast<std::size_t>(match - points.begin()));
     }
     EXPECT_EQ(zor::contour::FindAnchors(vertices, points), expected);
+  }
+}
+
+namespace {
+
+// A side of noisy points in any direction with up to two bumps; some of few points, some beyond the
+// bounds of what single precision resolves well.
+std::vector<ZorPoint> NoisySide(std::mt19937_64& rng) {
+  const auto draw = [&rng](double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(rng);
+  };
+  std::normal_distribution<double> noise(0, draw(0, 0.4));
+  const double turn = draw(0, 7), step = draw(0.05, 2), corner = draw(-5000, 5000);
+  const int count = static_cast<int>(std::exp(draw(0, 7)));
+  std::vector<ZorPoint> side;
+  for (int i = 0; i < count; ++i) side.emplace_back(i * step, noise(rng));
+  for (int bump = 0; bump < 2; ++bump) {
+    const int first = static_cast<int>(draw(0, count));
+    const double height = draw(-6, 6);
+    for (int i = first; i < std::min(count, first + count / 12); ++i) {
+      side[static_cast<std::size_t>(i)].y += height;
+    }
+  }
+  for (ZorPoint& p : side) {
+    p = ZorPoint(corner + p.x * std::cos(turn) - p.y * std::sin(turn),
+                 2000 + p.x * std::sin(turn) + p.y * std::cos(turn));
+  }
+  return side;
+}
+
+}  // namespace
+
+TEST(LineOfSameVerdict, PartsThePointsAsTheFittedLineDoes) {
+  std::mt19937_64 rng(20240609);
+  int told = 0, with_runs = 0;
+  for (int round = 0; round < 1500; ++round) {
+    const std::vector<ZorPoint> side = NoisySide(rng);
+    const auto line = zor::contour::LineOfSameVerdict(side, 2);
+    if (!line) continue;
+    ++told;
+    Runs runs, expected;
+    zor::fitting::CollectFarRuns(*line, 2, side, runs);
+    zor::fitting::CollectFarRuns(zor::fitting::FitExtentLine(side), 2, side, expected);
+    ASSERT_EQ(runs, expected) << "round " << round;
+    if (!runs.empty()) ++with_runs;
+  }
+  EXPECT_GT(told, 200);  // or nothing was tested
+  EXPECT_GT(with_runs, 50);
+}
+
+TEST(LineOfSameVerdict, DistanceSumOfTheFitKeepsItsBound) {
+  std::mt19937_64 rng(20240610);
+  for (int round = 0; round < 300; ++round) {
+    const std::vector<ZorPoint> side = NoisySide(rng);
+    if (side.size() < 3) continue;
+    const zor::fitting::HuberLine line = zor::fitting::FitHuberLine(side);
+    const double vx = static_cast<double>(line.vx), vy = static_cast<double>(line.vy);
+    const ZorPoint on(static_cast<double>(line.x0), static_cast<double>(line.y0));
+    double sum = 0;
+    for (const ZorPoint& p : side) {
+      sum += std::fabs(vy * (p.x - on.x) - vx * (p.y - on.y));
+    }
+    EXPECT_LE(sum, zor::fitting::DistanceSumBound(side, 14000, 10000)) << "round " << round;
   }
 }
