@@ -67,6 +67,7 @@ TEST(LineSegmentToCircle, ReportsSegmentPointThenCirclePoint) {
     ZorPoint p, q;
     Found min, max;
   };
+  const double low = 4.999995, far = std::hypot(12, low);
   for (const Case& c : {
            Case{"past it",
                 {-3, 8},
@@ -83,6 +84,11 @@ TEST(LineSegmentToCircle, ReportsSegmentPointThenCirclePoint) {
                 {12, 5},
                 {0, {0, 5}, {0, 5}},
                 {8, {-12, 5}, {-60.0 / 13, 25.0 / 13}}},
+           Case{"dipping in by a hair, still touching at the foot",
+                {-12, low},
+                {0.5, low},
+                {5 - low, {0, low}, {0, 5}},
+                {far - 5, {-12, low}, {-60 / far, 5 * low / far}}},
            Case{"through it: the crossing with the larger x",
                 {-9, 3},
                 {9, 3},
