@@ -241,6 +241,24 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
                              double* minDistance, ZorPoint* maxContourPoint, ZorPoint* maxOvalPoint,
                              double* maxDistance);
 
+  /// Unsigned distances of a contour, an open polyline, from the outline of a rotated rectangle
+  /// (width, height and angle as in RectAngularToPolygon): pairs of a contour point and a point of
+  /// the rectangle. The minimum is measured along the polyline, 0 where it first crosses the
+  /// outline; the maximum is the largest distance of a contour point from the nearest point of the
+  /// outline. The earliest contour point on ties. Traced as "ContourToRectangularDistance", around
+  /// nested "ContourToContourDistance" from the contour to the rectangle and, for more than one
+  /// point, back.
+  /// @retval GM_E_EMPTY_CONTOUR  no point
+  /// @retval GM_E_PARAM_3  width <= 0
+  /// @retval GM_E_PARAM_4  height <= 0
+  /// @retval GM_E_PARAM_5  angle outside [0, 360]
+  /// @retval GM_E_DISTANCE_FAILED  an exception while measuring
+  long ContourToRectangularDistance(ZorContour& contour, ZorPoint& centre, double width,
+                                    double height, double angle, ZorPoint* minContourPoint,
+                                    ZorPoint* minRectanglePoint, double* minDistance,
+                                    ZorPoint* maxContourPoint, ZorPoint* maxRectanglePoint,
+                                    double* maxDistance);
+
   // ==== Intersections of lines and segments =====================================================
 
   long LineCircleIntersection(ZorPoint& p1, ZorPoint& p2, ZorPoint& centre, double radius,

@@ -8,6 +8,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include <ZorGeometryMeasure.h>
+#include <ZorGeometryMeasureDlg.h>
 
 // Distances to circles, ellipses and rectangles; times are for the whole list.
 
@@ -164,6 +165,15 @@ void ContourToOval(benchmark::State& state) {
       });
 }
 
+void ContourToRectangle(benchmark::State& state) {
+  RunOn<ZorContour>(state, RoughOutline(CountOf(state)),
+                    [](ZorGeometryMeasure&, ZorContour& c, Outputs& o) {
+                      return ZORMV::ZorGeometryMeasureDlg().ContourToRectangularDistance(
+                          c, centre, 2 * kA, 2 * kB, kAngle, &o.min_own, &o.min_figure, &o.min,
+                          &o.max_own, &o.max_figure, &o.max);
+                    });
+}
+
 void SegmentToOval(benchmark::State& state) {
   std::vector<ZorPoint> points = Cloud(4096);
   ZorGeometryMeasure m;
@@ -186,6 +196,7 @@ BENCHMARK(PointsToRectangle)->Name("PointArrayToRectAngularDistance/zor")->Arg(1
 BENCHMARK(PointsToRectangleByOpenCv)->Name("PointArrayToRectAngularDistance/opencv")->Arg(100000);
 BENCHMARK(ContourToCircle)->Name("CircleToContourDistance/zor")->Arg(10000);
 BENCHMARK(ContourToOval)->Name("OvalToContourDistance/zor")->Arg(10000);
+BENCHMARK(ContourToRectangle)->Name("ContourToRectangularDistance/zor")->Arg(10000);
 BENCHMARK(SegmentToOval)->Name("LineSegmentToOvalDistance2/zor");
 
 }  // namespace

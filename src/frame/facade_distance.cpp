@@ -1,3 +1,4 @@
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -6,6 +7,9 @@
 #include "distance/band_kernels.h"
 #include "distance/contour_pair_kernels.h"
 #include "distance/contour_pair_outputs.h"
+#include "distance/point_pair.h"
+#include "distance/rectangle_kernels.h"
+#include "distance/store_pair.h"
 #include "frame/catch_as.h"
 #include "frame/rounding.h"
 #include "frame/trace.h"
@@ -16,7 +20,10 @@ using zor::distance::ContourPair;
 using zor::distance::ContourPairOutputs;
 using zor::distance::IndexedPair;
 using zor::distance::PairRange;
+using zor::distance::PointPair;
+using zor::distance::StorePair;
 using zor::frame::CatchAs;
+using zor::frame::IsTracing;
 using zor::frame::RoundToFloat;
 using zor::frame::Trace;
 namespace distance = zor::distance;
@@ -60,6 +67,22 @@ long MeasureBandWidths(const ZorContour& a, const ZorContour& b, const ContourPa
       break;
   }
   return GM_E_DISTANCE_FAILED;
+}
+
+/// Replaces the pair nearest among the points of a contour by one within its segments that is
+/// nearer: at a corner of the outline, or where they cross.
+long NearestWithin(ZorGeometryMeasure& measure, ZorContour& contour, ZorContour& outline,
+                   PointPair* nearest) {
+  PointPair of_corners;
+  const long status =
+      measure.ContourToContourDistance(outline, contour, 1, &of_corners.figure, &of_corners.own,
+                                       &of_corners.distance, nullptr, nullptr, nullptr);
+  if (status != GM_OK) return status;
+  if (of_corners.distance < nearest->distance) *nearest = of_corners;
+  if (nearest->distance == 0.0) return GM_OK;
+  const auto crossing = distance::FirstCommonPoint(contour.View(), outline.View());
+  if (crossing) *nearest = {0.0, *crossing, *crossing};
+  return GM_OK;
 }
 
 }  // namespace
@@ -118,6 +141,33 @@ long ZorGeometryMeasureDlg::PointArrayToContourDistance(
       array, contour, 1, minPointOfArray, minPointOnContour, minDistance, maxPointOfArray,
       maxPointOnContour, maxDistance);
   if (status != GM_OK) return status;
+  return trace.Done();
+}
+
+long ZorGeometryMeasureDlg::ContourToRectangularDistance(
+    ZorContour& contour, ZorPoint& centre, double width, double height, double angle,
+    ZorPoint* minContourPoint, ZorPoint* minRectanglePoint, double* minDistance,
+    ZorPoint* maxContourPoint, ZorPoint* maxRectanglePoint, double* maxDistance) {
+  Trace trace("ContourToRectangularDistance");
+  if (contour.Empty()) return GM_E_EMPTY_CONTOUR;
+  ZorGeometryMeasure measure;
+  ZorPointArray corners;
+  long status = measure.RectAngularToPolygon(centre, width, height, angle, &corners);
+  if (status != GM_OK) return status + 1;  // so that the number names this method's own argument
+  corners.Append(ZorPoint(corners[0]));    // a contour does not close by itself
+  ZorContour outline;
+  outline.FromPointArray(corners);
+  PointPair min;
+  PointPair max;
+  status = measure.ContourToContourDistance(contour, outline, 1, &min.own, &min.figure,
+                                            &min.distance, &max.own, &max.figure, &max.distance);
+  if (status != GM_OK) return status;
+  const bool wants_min = minContourPoint != nullptr || minRectanglePoint != nullptr ||
+                         minDistance != nullptr || IsTracing();
+  if (wants_min && contour.Length() > 1) status = NearestWithin(measure, contour, outline, &min);
+  if (status != GM_OK) return status;
+  StorePair(min, minDistance, minContourPoint, minRectanglePoint);
+  StorePair(max, maxDistance, maxContourPoint, maxRectanglePoint);
   return trace.Done();
 }
 

@@ -20,96 +20,97 @@ const std::string kProjection = Pair("PerpendicularProjection", kCrossing);
 const std::string kCircle = Pair("PointToCircleDistance", Pair("PointToPointDistance"));
 const std::string kOval = Pair("PointToOvalDistance");
 const std::string kFoot = Pair("PointToSegmentDistance", kProjection + " " + kToLine);
+const std::string kPolygon = Pair("PointToPolygonDistance");
 const std::string kPast = kFoot + " " + kCircle;
 const std::string kThrough =
     kFoot + " " + Pair("LineSegmentCircleIntersection", Pair("LineCircleIntersection"));
 const std::string kTangents = kProjection + " " + kToLine + " " + kProjection + " " + kToLine;
 const std::string kOvalPast = kTangents + " " + kOval + " " + kOval;
 
+const std::string kPoint = Pair("PointToContourDistance");
+const std::string kOutlines =
+    Pair("ContourToContourDistance", kPoint + " " + kPoint) + " " +
+    Pair("ContourToContourDistance",
+         kPoint + " " + kPoint + " " + kPoint + " " + kPoint + " " + kPoint);
+
 }  // namespace
 
 TEST(FigureDistanceOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
-  ZorPoint a(-9, 8), b(9, 8), p(-9, 1), q(9, 2), centre(0, 0), c, d, e, f;
+  ZORMV::ZorGeometryMeasureDlg dlg;
+  ZorPoint a(-9, 8), b(9, 8), p(-9, 1), q(9, 2), o(0, 0), c, d, e, f;
   ZorPointArray points{{3, 4}, {0, 0}};
-  ZorContour contour({{-9, 8}, {9, 8}, {9, 8}});
+  ZorContour contour({{-9, 8}, {9, 8}, {9, 8}}), ends({{-9, 8}, {9, 8}});
   ZorVarArray list;
   double low = 0, high = 0;
+  // Calls with the outputs of a pair and its distance, twice, in either order.
+  const auto points_first = [&](auto call) {
+    return [&, call](bool w) {
+      return call(Want(w, c), Want(w, d), Want(w, low), Want(w, e), Want(w, f), Want(w, high));
+    };
+  };
+  const auto distance_first = [&](auto call) {
+    return [&, call](bool w) {
+      return call(Want(w, low), Want(w, c), Want(w, d), Want(w, high), Want(w, e), Want(w, f));
+    };
+  };
   zor::test::CheckRows({
       {"PointArrayToCircleDistance", Pair("PointArrayToCircleDistance", kCircle + " " + kCircle),
-       [&](bool w) {
-         return m.PointArrayToCircleDistance(points, centre, 5, Want(w, c), Want(w, d),
-                                             Want(w, low), Want(w, e), Want(w, f), Want(w, high));
-       }},
+       points_first(
+           [&](auto... out) { return m.PointArrayToCircleDistance(points, o, 5, out...); })},
       {"PointArrayToOvalDistance", Pair("PointArrayToOvalDistance", kOval + " " + kOval),
-       [&](bool w) {
-         return m.PointArrayToOvalDistance(points, centre, 5, 3, 10, Want(w, c), Want(w, d),
-                                           Want(w, low), Want(w, e), Want(w, f), Want(w, high));
-       }},
+       points_first(
+           [&](auto... out) { return m.PointArrayToOvalDistance(points, o, 5, 3, 10, out...); })},
       {"PointArrayToRectAngularDistance",
-       Pair("PointArrayToRectAngularDistance",
-            Pair("PointToPolygonDistance") + " " + Pair("PointToPolygonDistance")),
-       [&](bool w) {
-         return m.PointArrayToRectAngularDistance(points, centre, 5, 3, 10, Want(w, c), Want(w, d),
-                                                  Want(w, low), Want(w, e), Want(w, f),
-                                                  Want(w, high));
-       }},
+       Pair("PointArrayToRectAngularDistance", kPolygon + " " + kPolygon),
+       points_first([&](auto... out) {
+         return m.PointArrayToRectAngularDistance(points, o, 5, 3, 10, out...);
+       })},
       {"LineSegmentToCircleDistance, short form", Pair("LineSegmentToCircleDistance", kPast),
        [&](bool w) {
-         return m.LineSegmentToCircleDistance(a, b, centre, 5, Want(w, low), Want(w, c),
-                                              Want(w, d));
+         return m.LineSegmentToCircleDistance(a, b, o, 5, Want(w, low), Want(w, c), Want(w, d));
        }},
       {"LineSegmentToCircleDistance, past",
-       Pair("LineSegmentToCircleDistance", kPast + " " + kCircle),
-       [&](bool w) {
-         return m.LineSegmentToCircleDistance(a, b, centre, 5, Want(w, low), Want(w, c), Want(w, d),
-                                              Want(w, high), Want(w, e), Want(w, f));
-       }},
+       Pair("LineSegmentToCircleDistance", kPast + " " + kCircle), distance_first([&](auto... out) {
+         return m.LineSegmentToCircleDistance(a, b, o, 5, out...);
+       })},
       {"LineSegmentToCircleDistance, through",
        Pair("LineSegmentToCircleDistance", kThrough + " " + kCircle),
-       [&](bool w) {
-         return m.LineSegmentToCircleDistance(p, q, centre, 5, Want(w, low), Want(w, c), Want(w, d),
-                                              Want(w, high), Want(w, e), Want(w, f));
-       }},
+       distance_first(
+           [&](auto... out) { return m.LineSegmentToCircleDistance(p, q, o, 5, out...); })},
       {"FindOvalTangentPoint", "",
        [&](bool w) { return m.FindOvalTangentPoint(p, 5, 3, Want(w, c), Want(w, d)); }},
-      {"LineToOvalDistance", Pair("LineToOvalDistance"),
-       [&](bool w) {
-         return m.LineToOvalDistance(a, b, centre, 5, 3, 10, Want(w, low), Want(w, c), Want(w, d),
-                                     Want(w, high), Want(w, e), Want(w, f));
-       }},
+      {"LineToOvalDistance", Pair("LineToOvalDistance"), distance_first([&](auto... out) {
+         return m.LineToOvalDistance(a, b, o, 5, 3, 10, out...);
+       })},
       {"LineSegmentToOvalDistance, inert",
        Pair("LineSegmentOvalIntersection", Pair("LineOvalIntersection", kProjection)),
        [&](bool w) {
-         return m.LineSegmentToOvalDistance(a, b, centre, 5, 3, 10, Want(w, low), Want(w, c),
+         return m.LineSegmentToOvalDistance(a, b, o, 5, 3, 10, Want(w, low), Want(w, c),
                                             Want(w, d));
        }},
       {"LineSegmentToOvalDistance, past", Pair("LineSegmentToOvalDistance", kOvalPast),
-       [&](bool w) {
-         return m.LineSegmentToOvalDistance(a, b, centre, 5, 3, 10, Want(w, low), Want(w, c),
-                                            Want(w, d), Want(w, high), Want(w, e), Want(w, f));
-       }},
+       distance_first(
+           [&](auto... out) { return m.LineSegmentToOvalDistance(a, b, o, 5, 3, 10, out...); })},
       {"LineSegmentToOvalDistance2, through: the feet of both tangents",
        Pair("LineSegmentToOvalDistance2", kOvalPast + " " + kOval + " " + kOval),
-       [&](bool w) {
-         return m.LineSegmentToOvalDistance2(p, q, centre, 5, 3, 10, Want(w, low), Want(w, c),
-                                             Want(w, d), Want(w, high), Want(w, e), Want(w, f));
-       }},
+       distance_first(
+           [&](auto... out) { return m.LineSegmentToOvalDistance2(p, q, o, 5, 3, 10, out...); })},
       {"CircleToContourDistance",
        Pair("CircleToContourDistance", kCircle + " " + kCircle + " " +
                                            Pair("LineSegmentToCircleDistance", kPast) + " " +
                                            kCircle),
-       [&](bool w) {
-         return m.CircleToContourDistance(contour, centre, 5, Want(w, list), Want(w, c), Want(w, d),
-                                          Want(w, low), Want(w, e), Want(w, f), Want(w, high));
-       }},
+       points_first(
+           [&](auto... out) { return m.CircleToContourDistance(contour, o, 5, &list, out...); })},
       {"OvalToContourDistance",
        Pair("OvalToContourDistance",
             kOval + " " + kOval + " " + Pair("LineSegmentToOvalDistance", kOvalPast) + " " + kOval),
-       [&](bool w) {
-         return m.OvalToContourDistance(contour, centre, 5, 3, 10, Want(w, list), Want(w, c),
-                                        Want(w, d), Want(w, low), Want(w, e), Want(w, f),
-                                        Want(w, high));
-       }},
+       points_first([&](auto... out) {
+         return m.OvalToContourDistance(contour, o, 5, 3, 10, nullptr, out...);
+       })},
+      {"Dlg::ContourToRectangularDistance", Pair("ContourToRectangularDistance", kOutlines),
+       points_first([&](auto... out) {
+         return dlg.ContourToRectangularDistance(ends, o, 5, 3, 10, out...);
+       })},
   });
 }
