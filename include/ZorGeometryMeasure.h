@@ -284,6 +284,36 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_PARAM_1  no intersection, or a value is not a number
   long VerticalBisectorCircleFit(ZorPointArray& points, ZorPoint* center, double* radius);
 
+  /// Ellipse by OpenCV's fitEllipse of the coordinates cut to whole numbers towards zero: centre,
+  /// semi-axes and the angle of the first in degrees, the negative of OpenCV's angle.
+  /// Not traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 5 points
+  /// @retval GM_E_FIT_FAILED  an exception while fitting
+  long FitEllipse(ZorPointArray& points, ZorPoint* center, float* semiAxisA, float* semiAxisB,
+                  float* angle);
+
+  /// Re-weighted least squares of a conic. One iteration is OpenCV's fitEllipse of the coordinates
+  /// in single precision, with its angle negated. More give the angle in [0, 360) and do not order
+  /// the axes: the first can be the minor one. The conic is scaled but not centred, so digits are
+  /// lost as the ellipse gets small against its distance from the origin: bring its points near the
+  /// origin for the best result. Points that fit no ellipse give infinite values, or what is not a
+  /// number. Traced, around a nested "PointToOvalDistance" for every point and re-weighting; one
+  /// iteration leaves no end record. Exceptions of OpenCV pass.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 5 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  /// @retval GM_E_FIT_FAILED  a system could not be solved
+  long LeastSqaureEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
+                             ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
+
+  /// The same by least absolute residuals of the conic, at most 10 steps a pass, one iteration too.
+  /// Traced as above, with an end record for any number of iterations.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 5 points
+  /// @retval GM_E_PARAM_2  iterations < 1
+  /// @retval GM_E_PARAM_3  clipDistance < 0
+  long LeastAbsoluteEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
+                               ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
+
   // ==== Curve fits and splines ==================================================================
   // Curves are functions of x. A fitted curve is listed as points every half unit from the x of
   // the first to that of the last point, starting at the smaller of the two: trunc(|2 (last -

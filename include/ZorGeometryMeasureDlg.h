@@ -88,6 +88,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   long PointAnglePairsCircleFit(ZorPointArray& points, ZorVarArray& angles, ZorPoint* center,
                                 double* radius);
   long VerticalBisectorCircleFit(ZorPointArray& points, ZorPoint* center, double* radius);
+  long LeastSqaureEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
+                             ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
+  long LeastAbsoluteEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
+                               ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
 
   // ==== Curve fits and splines ==================================================================
 

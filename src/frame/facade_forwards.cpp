@@ -116,6 +116,22 @@ long ZorGeometryMeasureDlg::VerticalBisectorCircleFit(ZorPointArray& points, Zor
   return ZorGeometryMeasure().VerticalBisectorCircleFit(points, center, radius);
 }
 
+long ZorGeometryMeasureDlg::LeastSqaureEllipseFit(ZorPointArray& points, int iterations,
+                                                  double clipDistance, ZorPoint* center,
+                                                  float* semiAxisA, float* semiAxisB,
+                                                  float* angle) {
+  return ZorGeometryMeasure().LeastSqaureEllipseFit(points, iterations, clipDistance, center,
+                                                    semiAxisA, semiAxisB, angle);
+}
+
+long ZorGeometryMeasureDlg::LeastAbsoluteEllipseFit(ZorPointArray& points, int iterations,
+                                                    double clipDistance, ZorPoint* center,
+                                                    float* semiAxisA, float* semiAxisB,
+                                                    float* angle) {
+  return ZorGeometryMeasure().LeastAbsoluteEllipseFit(points, iterations, clipDistance, center,
+                                                      semiAxisA, semiAxisB, angle);
+}
+
 // ==== Curve fits and splines ====================================================================
 
 long ZorGeometryMeasureDlg::LeastSqaurePolynomialFit(ZorPointArray& points, int order,

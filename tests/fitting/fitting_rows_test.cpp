@@ -1,3 +1,5 @@
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "support/operation_rows.h"
@@ -15,6 +17,9 @@ TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorPointArray arc = {{5, 0}, {0, 5}, {-5, 0}, {0, -5}, {3, 4}}, two = {{0, 0}, {8, 0}};
   ZorVarArray turns = {0.0, 90.0, 180.0, 270.0, 53.0}, angles = {45.0, 135.0};
   double radius = 0.0;
+  float a = 0, b = 0, turn = 0;
+  std::string five_distances;
+  for (int i = 0; i < 5; ++i) five_distances += " +PointToOvalDistance -PointToOvalDistance";
   zor::test::CheckRows({
       {"FitLine", "", [&](bool w) { return m.FitLine(edge, 1, 2, Want(w, p), Want(w, q)); }},
       {"LeastSqaureLineFit, one pass", "+LeastSqaureLineFit",
@@ -42,6 +47,26 @@ TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        }},
       {"Dlg::VerticalBisectorCircleFit", "+VerticalBisectorCircleFit -VerticalBisectorCircleFit",
        [&](bool w) { return dlg.VerticalBisectorCircleFit(arc, Want(w, p), Want(w, radius)); }},
+      {"FitEllipse", "",
+       [&](bool w) {
+         return m.FitEllipse(arc, Want(w, p), Want(w, a), Want(w, b), Want(w, turn));
+       }},
+      {"LeastSqaureEllipseFit, one pass", "+LeastSqaureEllipseFit",
+       [&](bool w) {
+         return m.LeastSqaureEllipseFit(arc, 1, 2, Want(w, p), Want(w, a), Want(w, b),
+                                        Want(w, turn));
+       }},
+      {"Dlg::LeastSqaureEllipseFit",
+       "+LeastSqaureEllipseFit" + five_distances + " -LeastSqaureEllipseFit",
+       [&](bool w) {
+         return dlg.LeastSqaureEllipseFit(arc, 2, 2, Want(w, p), Want(w, a), Want(w, b),
+                                          Want(w, turn));
+       }},
+      {"Dlg::LeastAbsoluteEllipseFit", "+LeastAbsoluteEllipseFit -LeastAbsoluteEllipseFit",
+       [&](bool w) {
+         return dlg.LeastAbsoluteEllipseFit(arc, 1, 2, Want(w, p), Want(w, a), Want(w, b),
+                                            Want(w, turn));
+       }},
       {"SSETest", "",
        [&](bool w) {
          return m.SSETest({1.0, 2.0}, Want(w, value));
