@@ -114,11 +114,13 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// The bisector of the smaller angle between the directions p1 -> p2 and p3 -> p4, as a segment
   /// out1 -> out2 in the bisecting direction. It runs through the crossing of the two lines and is
   /// clipped by the segments p1p3, p2p4, p1p4 and p2p3: out1 is the first and out2 the last point
-  /// where it meets one of them. Two edges seen side by side thus give the middle line between
-  /// them, from end to end, and two arms from a common vertex the piece from the vertex to the
-  /// segment between their tips. When it meets them in fewer than two points more than 1e-5 apart,
-  /// out1 is the crossing and out2 lies (|p1p2| + |p3p4|) / 2 further on. Reverse one of the lines
-  /// for the other bisector. Traced, around nested records of AngleFromHorizontal and
+  /// where it crosses one of them, or the crossing of the lines where an end lies within 1e-5 of
+  /// it. Two edges seen side by side thus give the middle line between them, from end to end, and
+  /// two arms from a common vertex the piece from the vertex to the segment between their tips.
+  /// Where that leaves no two points more than 1e-5 apart, out1 is the crossing and out2 lies
+  /// (|p1p2| + |p3p4|) / 2 further on: so for two arms that are nearly opposite. Reverse one of the
+  /// lines for the other bisector. Directions are rounded to about 1e-8 radians, and so is the
+  /// bisector of a thin angle. Traced, around nested records of AngleFromHorizontal and
   /// LinesIntersection.
   /// @retval GM_E_DEGENERATE_LINE  either line is degenerate
   /// @retval GM_E_PARALLEL  the lines are parallel as for LinesIntersection

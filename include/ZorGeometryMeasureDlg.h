@@ -37,8 +37,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
 
   // ==== Bisectors ===============================================================================
 
-  /// The point where the bisector of the angle p1 - vertex - p3, as seen, meets segment p1p3.
-  /// Traced as "BissectingLine", around a nested "BissectingLine2", whose codes it passes on.
+  /// The point where the bisector of the angle p1 - vertex - p3, as seen, meets segment p1p3. Of a
+  /// nearly straight angle, whose bisector meets p1p3 within 1e-5 of the vertex, the point on the
+  /// bisector at the mean length of the arms from the vertex. Traced as "BissectingLine", around a
+  /// nested "BissectingLine2", whose codes it passes on.
   long BissectingLine(ZorPoint& p1, ZorPoint& vertex, ZorPoint& p3, ZorPoint* out);
   /// Forwards to BissectingLine2.
   long BissectingLine(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3, ZorPoint& p4, ZorPoint* out1,

@@ -32,15 +32,15 @@ std::optional<std::pair<ZorPoint, ZorPoint>> ClipLine(
     if (!last || along > *last) last = along;
   };
   for (const auto& [a, b] : segments) {
-    const double side_a = Cross(direction, a - origin);
-    const double side_b = Cross(direction, b - origin);
-    const bool touches_a = std::fabs(side_a) <= kCoincident;
-    const bool touches_b = std::fabs(side_b) <= kCoincident;
     const double along_a = Dot(direction, a - origin);
     const double along_b = Dot(direction, b - origin);
-    if (touches_a) meet(along_a);
-    if (touches_b) meet(along_b);
-    if (!touches_a && !touches_b && (side_a > 0) != (side_b > 0)) {
+    const double side_a = Cross(direction, a - origin);
+    const double side_b = Cross(direction, b - origin);
+    const bool starts_there = Distance(a, origin) <= kCoincident;
+    const bool ends_there = Distance(b, origin) <= kCoincident;
+    if (starts_there) meet(along_a);
+    if (ends_there) meet(along_b);
+    if (!starts_there && !ends_there && (side_a < 0) != (side_b < 0)) {
       meet((along_a * side_b - along_b * side_a) / (side_b - side_a));
     }
   }

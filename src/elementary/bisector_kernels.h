@@ -15,8 +15,10 @@ namespace zor::elementary {
 [[nodiscard]] double MiddleDirection(double first_deg, double second_deg);
 
 /// Where the line through `origin` in the unit direction `direction` first and last meets one of
-/// the segments; nothing when those two points are not more than kCoincident apart. A segment that
-/// lies along the line meets it at both of its ends.
+/// the segments; nothing when those two points are not more than kCoincident apart. A segment with
+/// an end within kCoincident of the origin meets the line there and nowhere else; any other one
+/// where its ends lie on different sides, on the line counting as the side of the positive cross
+/// product. Being near the line counts for nothing: along a thin angle every end is.
 [[nodiscard]] std::optional<std::pair<ZorPoint, ZorPoint>> ClipLine(
     const ZorPoint& origin, const ZorPoint& direction,
     const std::array<std::pair<ZorPoint, ZorPoint>, 4>& segments);

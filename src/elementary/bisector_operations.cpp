@@ -67,6 +67,8 @@ long ZorGeometryMeasure::BissectingLine2(ZorPoint p1, ZorPoint p2, ZorPoint p3, 
       elementary::ScreenDirection(elementary::MiddleDirection(first_deg, second_deg));
   const std::array<std::pair<ZorPoint, ZorPoint>, 4> segments = {
       {{p1, p3}, {p2, p4}, {p1, p4}, {p2, p3}}};
+  // The whole line is clipped, not the ray from the crossing: of edges side by side that run
+  // towards their crossing the middle line lies behind it.
   const double length = (elementary::Distance(p1, p2) + elementary::Distance(p3, p4)) / 2;
   const auto [start, end] =
       elementary::ClipLine(crossing, direction, segments)

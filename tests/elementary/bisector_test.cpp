@@ -33,6 +33,15 @@ TEST(FacadeBissectingLine, IsTheBisectorAsSeen) {
   }
 }
 
+TEST(FacadeBissectingLine, TakesThinAndNearlyStraightAngles) {
+  ZORMV::ZorGeometryMeasureDlg dlg;
+  ZorPoint near(1, 0), vertex(0, 0), thin(1000, 1.5e-5), far(1000, 0), opposite(-1000, 1e-5), out;
+  EXPECT_EQ(dlg.BissectingLine(near, vertex, thin, &out), GM_OK);
+  ExpectNear(out, {2, 0}, 0.5);  // the ten-digit pi costs a sixth of this half angle of 7.5e-9
+  EXPECT_EQ(dlg.BissectingLine(far, vertex, opposite, &out), GM_OK);
+  ExpectNear(out, {0, 1000}, 1e-4);
+}
+
 TEST(BissectingLine2, RunsBetweenTheEnds) {
   struct Case {
     const char* what;
@@ -42,6 +51,13 @@ TEST(BissectingLine2, RunsBetweenTheEnds) {
            Case{"edges side by side", {0, -4}, {10, -2}, {0, 4}, {10, 2}, {0, 0}, {10, 0}},
            {"crossing segments", {-3, -1}, {3, 1}, {-3, 1}, {3, -1}, {-3, 0}, {3, 0}},
            {"common start", {0, 0}, {4, 3}, {0, 0}, {4, -3}, {0, 0}, {4, 0}},
+           {"arms of which one starts beyond the vertex",
+            {0, 0},
+            {8, -6},
+            {4, 3},
+            {8, 6},
+            {0, 0},
+            {8, 0}},
            {"towards each other: the other bisector, unclipped",
             {0, -4},
             {10, -2},
