@@ -52,8 +52,9 @@ std::optional<std::pair<ZorPoint, ZorPoint>> ClipLine(
 }
 
 std::optional<ZorPoint> MiddleVector(const ZorPoint& u, const ZorPoint& v) {
-  const double u_norm = Norm(u);
-  const double v_norm = Norm(v);
+  // std::hypot, because the squares of vectors beyond 1e154 overflow.
+  const double u_norm = std::hypot(u.x, u.y);
+  const double v_norm = std::hypot(v.x, v.y);
   const ZorPoint sum(u.x / u_norm + v.x / v_norm, u.y / u_norm + v.y / v_norm);
   const double sum_norm = Norm(sum);
   if (sum_norm <= kCoincident) return std::nullopt;

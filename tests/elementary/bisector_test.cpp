@@ -106,8 +106,10 @@ TEST(BissectingLine, OlderFormUsesTheHeadingLessHalfTheOpening) {
 
 TEST(BissectingVector, HalvesTheAngleWithUnitLength) {
   ZorPoint out;
-  EXPECT_EQ(ZorGeometryMeasure().BissectingVector({10, 0}, {0, -2}, &out), GM_OK);
-  ExpectNear(out, {std::sqrt(0.5), -std::sqrt(0.5)}, 1e-15);
+  for (const double scale : {1.0, 1e200}) {
+    EXPECT_EQ(ZorGeometryMeasure().BissectingVector({5 * scale, 0}, {0, -scale}, &out), GM_OK);
+    ExpectNear(out, {std::sqrt(0.5), -std::sqrt(0.5)}, 1e-15);
+  }
   EXPECT_EQ(ZorGeometryMeasure().BissectingVector({3, 4}, {6, 8}, &out), GM_OK);
   ExpectNear(out, {0.6, 0.8}, 1e-15);
 }
