@@ -1,3 +1,4 @@
+#include <limits>
 #include <optional>
 
 #include "ZorGeometryMeasure.h"
@@ -15,6 +16,14 @@ using zor::frame::IsMode;
 using zor::frame::Store;
 using zor::frame::Trace;
 namespace elementary = zor::elementary;
+
+namespace {
+
+// What an inner angle holds at first: a direction of what is not a number is never written, and
+// must not come out as one of 0 degrees.
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+}  // namespace
 
 long ZorGeometryMeasure::AngleFromHorizontal(ZorPoint p1, ZorPoint p2, double* angle) {
   Trace trace("AngleFromHorizontal");
@@ -38,8 +47,8 @@ long ZorGeometryMeasure::AngleFrom3Point(ZorPoint p1, ZorPoint vertex, ZorPoint 
   Trace trace("AngleFrom3Point");
   if (IsDegenerate(p1, vertex) || IsDegenerate(p3, vertex)) return GM_E_DEGENERATE_LINE;
   return CatchAs(GM_E_ANGLE_FAILED, [&] {
-    double from_deg = 0.0;
-    double to_deg = 0.0;
+    double from_deg = kUnknown;
+    double to_deg = kUnknown;
     static_cast<void>(AngleFromHorizontal(vertex, p1, &from_deg));
     static_cast<void>(AngleFromHorizontal(vertex, p3, &to_deg));
     Store(angle, elementary::TurnBetween(from_deg, to_deg));
@@ -52,8 +61,8 @@ long ZorGeometryMeasure::AngleFrom4Point(ZorPoint p1, ZorPoint p2, ZorPoint p3, 
   Trace trace("AngleFrom4Point");
   if (IsDegenerate(p1, p2) || IsDegenerate(p3, p4)) return GM_E_DEGENERATE_LINE;
   return CatchAs(GM_E_ANGLE_FAILED, [&] {
-    double from_deg = 0.0;
-    double to_deg = 0.0;
+    double from_deg = kUnknown;
+    double to_deg = kUnknown;
     static_cast<void>(AngleFromVertical(p1, p2, &from_deg));
     static_cast<void>(AngleFromVertical(p3, p4, &to_deg));
     Store(angle, elementary::TurnBetween(from_deg, to_deg));
@@ -65,7 +74,7 @@ long ZorGeometryMeasure::IncludedAngle(ZorPoint& p1, ZorPoint& p2, ZorPoint& p3,
                                        int mode, double* angle) {
   Trace trace("IncludedAngle");
   if (IsDegenerate(p1, p2) || IsDegenerate(p3, p4)) return GM_E_DEGENERATE_LINE;
-  double turn_deg = 0.0;
+  double turn_deg = kUnknown;
   static_cast<void>(AngleFrom4Point(p1, p2, p3, p4, &turn_deg));
   if (!IsMode(mode, 1)) return InvalidArgument(5);
   turn_deg = elementary::FoldToHalfTurn(turn_deg);

@@ -75,6 +75,16 @@ TEST(Angles, NotANumberLeavesTheAngleUnwrittenAndTheEndRecord) {
   EXPECT_EQ(capture.Events(), "+AngleFromHorizontal -AngleFromHorizontal");
 }
 
+TEST(Angles, NotANumberComesOutOfTheAnglesBetween) {
+  ZorGeometryMeasure m;
+  ZorPoint o(0, 0), right(1, 0), up(0, -1), nowhere(0, kNaN);
+  double angle3 = 0, angle4 = 0, included = 0;
+  EXPECT_EQ(m.AngleFrom3Point(nowhere, o, up, &angle3), GM_OK);
+  EXPECT_EQ(m.AngleFrom4Point(o, right, o, nowhere, &angle4), GM_OK);
+  EXPECT_EQ(m.IncludedAngle(o, nowhere, o, up, 1, &included), GM_OK);
+  EXPECT_TRUE(std::isnan(angle3) && std::isnan(angle4) && std::isnan(included));
+}
+
 TEST(Angles, BetweenRaysAndLines) {
   ZorGeometryMeasure m;
   ZorPoint o(0, 0), right(1, 0), up(0, -1), other(5, 5);
