@@ -11,16 +11,14 @@
 namespace zor::elementary {
 namespace {
 
-inline constexpr double kNearby = 1.0;         // pixels, inclusive
-inline constexpr double kCell = 0.7;           // pixels; its diagonal is below kNearby
-inline constexpr double kGridReach = 1e9;      // pixels; beyond, cells are not exact
-inline constexpr std::size_t kFewPoints = 48;  // up to here the plain loop is faster
+inline constexpr double kNearby = 1.0;              // pixels, inclusive
+inline constexpr double kCell = 0.7;                // pixels; its diagonal is below kNearby
+inline constexpr double kGridReach = 1e9;           // pixels; beyond, cells are not exact
+inline constexpr double kFarFrom = kGridReach - 2;  // all nearby points of those beyond lie here
+inline constexpr std::size_t kFewPoints = 48;       // up to here the plain loop is faster
 
-bool HasEarlierNearby(std::span<const ZorPoint> points, std::size_t i) {
-  for (std::size_t j = i; j-- > 0;) {
-    if (Distance(points[i], points[j]) <= kNearby) return true;
-  }
-  return false;
+bool HasNearby(std::span<const ZorPoint> others, const ZorPoint& p) {
+  return std::ranges::any_of(others, [&](const ZorPoint& q) { return Distance(p, q) <= kNearby; });
 }
 
 bool IsFinite(const ZorPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
@@ -108,20 +106,28 @@ std::vector<ZorPoint> WithoutCoincidentNeighbours(std::span<const ZorPoint> poin
 std::vector<ZorPoint> WithoutNearbyPoints(std::span<const ZorPoint> points) {
   std::vector<ZorPoint> kept;
   kept.reserve(points.size());
-  const bool is_plain =
-      points.size() <= kFewPoints || std::ranges::any_of(points, [](const ZorPoint& p) {
-        return IsFinite(p) && std::max(std::fabs(p.x), std::fabs(p.y)) >= kGridReach;
-      });
-  if (is_plain) {
+  if (points.size() <= kFewPoints) {
     for (std::size_t i = 0; i < points.size(); ++i) {
-      if (!HasEarlierNearby(points, i)) kept.push_back(points[i]);
+      if (!HasNearby(points.first(i), points[i])) kept.push_back(points[i]);
     }
     return kept;
   }
   CellGrid grid(points);
+  std::vector<ZorPoint> far;
   for (std::size_t i = 0; i < points.size(); ++i) {
+    const ZorPoint& p = points[i];
+    bool has_nearby = false;
     // A point that is not finite has no distance to any point that could be small.
-    if (!IsFinite(points[i]) || !grid.MeetThenAdd(i)) kept.push_back(points[i]);
+    if (IsFinite(p)) {
+      const double reach = std::max(std::fabs(p.x), std::fabs(p.y));
+      if (reach < kGridReach) has_nearby = grid.MeetThenAdd(i);
+      // Of two nearby points either both are in the grid or both are here.
+      if (reach >= kFarFrom) {
+        has_nearby = has_nearby || HasNearby(far, p);
+        far.push_back(p);
+      }
+    }
+    if (!has_nearby) kept.push_back(p);
   }
   return kept;
 }

@@ -52,7 +52,8 @@ namespace zor::elementary {
 [[nodiscard]] std::vector<ZorPoint> WithoutCoincidentNeighbours(std::span<const ZorPoint> points);
 
 /// The points less every one within kNearby = 1.0 (inclusive) of any earlier point of the given
-/// list, removed ones included. Linear in the number of points.
+/// list, removed ones included. Linear in the number of points, but quadratic in that of the points
+/// with a coordinate of about 1e9 or more.
 [[nodiscard]] std::vector<ZorPoint> WithoutNearbyPoints(std::span<const ZorPoint> points);
 
 /// The sequence that begins at `start`, taken cyclically.

@@ -99,14 +99,16 @@ TEST(FormatPointArray2, AgreesWithRemovingOneByOne) {
   const double steps[] = {0.7, 1.0, 0.25, 0.001};
   for (int round = 0; round < 40; ++round) {
     const double step = steps[round % 4];  // on a lattice, so that distances of exactly 1 abound
-    const double origin = round % 3 == 0 ? 4000.0 : -10.0;
+    const double origin = round % 3 == 0 ? 4000 : round % 3 == 1 ? -10 : 1e9 - 4;
     std::uniform_int_distribution<int> cell(0, round % 5 == 0 ? 5000 : 24);
     ZorPointArray points;
     for (int i = 0; i < 300; ++i) {
       points.Append(ZorPoint(origin + cell(rng) * step, origin + cell(rng) * step));
     }
     if (round % 2 == 0) points[17] = ZorPoint(kInfinity, 3);
-    if (round == 7) points[3] = ZorPoint(1e12, 1e12);
+    for (const int i : {3, 30, 31}) {
+      if (round % 7 == 0) points[i] = ZorPoint(1e12, i < 31 ? 0.5 : -1e300);
+    }
     const ZorPointArray expected = RemovedOneByOne(points);
     ZorGeometryMeasure().FormatPointArray2(points);
     ASSERT_EQ(points, expected) << "round " << round;
