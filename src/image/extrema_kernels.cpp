@@ -4,80 +4,31 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <limits>
-#include <utility>
+#include <optional>
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
+#include "image/window_minima.h"
+
 namespace zor::image {
 namespace {
 
-inline constexpr int kSmallRadius = 32;  // up to here the library's erosion wins over doubling
-
-/// Values with a frame of `margin` cells of the largest value around them.
-template <typename Value>
-class FramedRows {
- public:
-  FramedRows(int width, int height, int margin)
-      : stride_(static_cast<std::size_t>(width) + 2 * static_cast<std::size_t>(margin)),
-        rows_(static_cast<std::size_t>(height) + 2 * static_cast<std::size_t>(margin)),
-        margin_(static_cast<std::size_t>(margin)),
-        cells_(stride_ * rows_, std::numeric_limits<Value>::max()) {}
-
-  /// Cell (0, y) of the values proper.
-  Value* Row(int y) {
-    return cells_.data() + (static_cast<std::size_t>(y) + margin_) * stride_ + margin_;
-  }
-
-  /// Replaces every value by the smallest within `margin` cells in both directions, moving the
-  /// result to the upper left corner: ResultRow.
-  void TakeWindowMinima() {
-    const std::size_t length = 2 * margin_ + 1;
-    std::size_t step = 1;
-    for (; 2 * step <= length; step *= 2) MinWithShifted(step, step);
-    if (length > step) MinWithShifted(length - step, length - step);
-  }
-  const Value* ResultRow(int y) const {
-    return cells_.data() + static_cast<std::size_t>(y) * stride_;
-  }
-
- private:
-  void MinWithShifted(std::size_t across, std::size_t down) {
-    std::vector<Value> wide(stride_);
-    for (std::size_t y = 0; y < rows_; ++y) {
-      Value* row = cells_.data() + y * stride_;
-      std::copy(row, row + stride_, wide.begin());  // reading what is written would cost the lanes
-      const Value* shifted = wide.data() + across;
-      for (std::size_t x = 0; x + across < stride_; ++x) row[x] = std::min(row[x], shifted[x]);
-    }
-    // In place: a row is compared with one further down, which still holds its old values.
-    for (std::size_t y = 0; y + down < rows_; ++y) {
-      Value* row = cells_.data() + y * stride_;
-      const Value* below = row + down * stride_;
-      for (std::size_t x = 0; x < stride_; ++x) row[x] = std::min(row[x], below[x]);
-    }
-  }
-
-  std::size_t stride_;
-  std::size_t rows_;
-  std::size_t margin_;
-  std::vector<Value> cells_;
-};
+inline constexpr int kSmallRadius = 10;  // up to here the library's erosion wins over doubling
 
 /// The picture without row 0 and column 0, and the most extreme value of every pixel's window.
 class Field {
  public:
-  Field(const PixelView& view, Extremum which, int margin)
+  Field(const PixelView& view, Extremum which, WindowReach reach)
       : which_(which),
         // Only ever read through this header.
         values_(view.height - 1, view.width - 1, CV_8UC1,
                 const_cast<unsigned char*>(view.pixels) + view.stride + 1,
                 static_cast<std::size_t>(view.stride)) {
-    if (margin <= kSmallRadius) {
-      TakeExtremesPlainly(margin);
+    if (std::max(reach.across, reach.down) <= kSmallRadius) {
+      TakeExtremesPlainly(reach);
     } else {
-      TakeExtremesByDoubling(margin);
+      TakeExtremesByDoubling(reach);
     }
   }
 
@@ -93,24 +44,27 @@ class Field {
   }
 
  private:
-  void TakeExtremesPlainly(int margin) {
-    const int side = 2 * margin + 1;
-    const cv::Mat kernel = cv::Mat::ones(side, side, CV_8UC1);
+  void TakeExtremesPlainly(WindowReach reach) {
+    const cv::Mat kernel = cv::Mat::ones(2 * reach.down + 1, 2 * reach.across + 1, CV_8UC1);
     if (which_ == Extremum::kMinimum) {
       cv::erode(values_, extremes_, kernel);
     } else {
       cv::dilate(values_, extremes_, kernel);
     }
   }
-  void TakeExtremesByDoubling(int margin) {
-    FramedRows<unsigned char> ranks(width(), height(), margin);
-    for (int y = 0; y < height(); ++y) {
-      for (int x = 0; x < width(); ++x) ranks.Row(y)[x] = Rank(x, y);
-    }
-    ranks.TakeWindowMinima();
+  void TakeExtremesByDoubling(WindowReach reach) {
+    WindowMinima<unsigned char> ranks(width(), height(), reach);
+    for (int y = 0; y < height(); ++y) CopyRanks(Values(y), ranks.Row(y));
+    ranks.Take();
     extremes_.create(height(), width(), CV_8UC1);
-    for (int y = 0; y < height(); ++y) {
-      for (int x = 0; x < width(); ++x) extremes_.ptr(y)[x] = Rank(ranks.ResultRow(y)[x]);
+    for (int y = 0; y < height(); ++y) CopyRanks(ranks.ResultRow(y), extremes_.ptr(y));
+  }
+  /// A row of values as ranks, or the other way round.
+  void CopyRanks(const unsigned char* from, unsigned char* to) const {
+    const std::size_t columns = Columns();
+    const unsigned char flipped = Rank(0);  // 255 - value flips all bits
+    for (std::size_t x = 0; x < columns; ++x) {
+      to[x] = static_cast<unsigned char>(from[x] ^ flipped);
     }
   }
 
@@ -119,23 +73,24 @@ class Field {
   cv::Mat extremes_;
 };
 
-constexpr std::uint16_t kNoneKnown = std::numeric_limits<std::uint16_t>::max();
+/// Ranks at known positions; a wider type, so that its largest value is no rank.
+using KnownRanks = WindowMinima<std::uint16_t>;
 
-/// For every pixel the most extreme rank at a known position within the window, or kNoneKnown;
+/// For every pixel the most extreme rank at a known position within the window, if there is any;
 /// empty when no known point is the position of a pixel of the field.
-std::vector<FramedRows<std::uint16_t>> KnownMinima(const Field& field, int margin,
-                                                   std::span<const ZorPoint> known) {
-  std::vector<FramedRows<std::uint16_t>> minima;
+std::optional<KnownRanks> KnownMinima(const Field& field, WindowReach reach,
+                                      std::span<const ZorPoint> known) {
+  std::optional<KnownRanks> minima;
   for (const ZorPoint& p : known) {
     const bool is_inside = p.x >= 1 && p.x <= field.width() && p.y >= 1 && p.y <= field.height();
     if (!is_inside) continue;  // nor is a position that is not a number
     const int x = static_cast<int>(p.x) - 1;
     const int y = static_cast<int>(p.y) - 1;
     if (ZorPoint(x + 1, y + 1) != p) continue;
-    if (minima.empty()) minima.emplace_back(field.width(), field.height(), margin);
-    minima[0].Row(y)[x] = field.Rank(x, y);
+    if (!minima) minima.emplace(field.width(), field.height(), reach);
+    minima->Row(y)[x] = field.Rank(x, y);
   }
-  if (!minima.empty()) minima[0].TakeWindowMinima();
+  if (minima) minima->Take();
   return minima;
 }
 
@@ -198,19 +153,16 @@ std::size_t NextMark(const std::vector<unsigned char>& marks, std::size_t x) {
   return x;
 }
 
-/// Where the known positions block, if there are any.
-using KnownRows = std::vector<FramedRows<std::uint16_t>>;
-
 template <Extremum which, typename Count>
-std::vector<ZorPoint> Scan(const Field& field, const KnownRows& known, unsigned char limit,
-                           int radius) {
+std::vector<ZorPoint> Scan(const Field& field, const std::optional<KnownRanks>& known,
+                           unsigned char limit, int radius) {
   std::vector<ZorPoint> found;
   BlockedColumns<Count> blocked(field.Columns(), radius);
   std::vector<unsigned char> marks(field.Columns());
   for (int y = 0; y < field.height(); ++y) {
     blocked.StartRow();
     MarkCandidates<which>(field, y, limit, blocked.RowsLeft(), marks);
-    const std::uint16_t* known_row = known.empty() ? nullptr : known[0].ResultRow(y);
+    const std::uint16_t* known_row = known ? known->ResultRow(y) : nullptr;
     for (std::size_t x = NextMark(marks, 0); x < marks.size();) {
       // What was found that near is of this very value, both being the extreme of a window that
       // holds the other; a known position may hold a less extreme one.
@@ -226,8 +178,8 @@ std::vector<ZorPoint> Scan(const Field& field, const KnownRows& known, unsigned 
 }
 
 template <Extremum which>
-std::vector<ZorPoint> Scan(const Field& field, const KnownRows& known, unsigned char limit,
-                           int radius) {
+std::vector<ZorPoint> Scan(const Field& field, const std::optional<KnownRanks>& known,
+                           unsigned char limit, int radius) {
   constexpr int kByteRadius = 254;  // its rows are counted in a byte
   return radius <= kByteRadius ? Scan<which, unsigned char>(field, known, limit, radius)
                                : Scan<which, int>(field, known, limit, radius);
@@ -245,12 +197,13 @@ std::vector<ZorPoint> FindExtrema(const PixelView& view, Extremum which, int thr
                                                            : std::max(threshold, -1) + 1);
   // Further than the picture reaches makes no difference.
   const int reach = std::min(radius, std::max(view.width, view.height));
-  const Field field(view, which, std::max(reach, 0));
+  const WindowReach window{std::clamp(reach, 0, view.width), std::clamp(reach, 0, view.height)};
+  const Field field(view, which, window);
   // A radius below 0 has no neighbours at all, not even the pixel itself.
-  const KnownRows known_rows =
-      KnownMinima(field, std::max(reach, 0), reach < 0 ? std::span<const ZorPoint>() : known);
-  return is_minimum ? Scan<Extremum::kMinimum>(field, known_rows, limit, reach)
-                    : Scan<Extremum::kMaximum>(field, known_rows, limit, reach);
+  const std::optional<KnownRanks> known_ranks =
+      KnownMinima(field, window, reach < 0 ? std::span<const ZorPoint>() : known);
+  return is_minimum ? Scan<Extremum::kMinimum>(field, known_ranks, limit, reach)
+                    : Scan<Extremum::kMaximum>(field, known_ranks, limit, reach);
 }
 
 }  // namespace zor::image

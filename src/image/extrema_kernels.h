@@ -26,9 +26,9 @@ enum class Extremum { kMinimum, kMaximum };
 /// nothing.
 ///
 /// A pixel that equals the extreme value of its window is settled by a window filter: erosion for
-/// small radii, else a window of any length as two overlapping ones of the largest power of two,
-/// built up by doubling. The pixels found block the columns around them for `radius` rows. Linear
-/// in the pixels times the logarithm of the radius, whatever is found.
+/// small radii, else WindowMinima. The pixels found block the columns around them for `radius`
+/// rows. Linear in the pixels times the logarithm of the radius, or of the picture's side where
+/// that is less, whatever is found; so is the memory in the pixels.
 [[nodiscard]] std::vector<ZorPoint> FindExtrema(const PixelView& view, Extremum which,
                                                 int threshold, int radius,
                                                 std::span<const ZorPoint> known);

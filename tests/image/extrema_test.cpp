@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <random>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -66,28 +68,39 @@ void AppendExtremaPlainly(const ZorImage& image, bool is_maximum, int threshold,
 }  // namespace
 
 TEST(LocalExtrema, AgreeWithThePlainSearch) {
+  struct Sizes {
+    int rounds, width, height, radius, radii;
+  };
   std::mt19937 rng(20240607);
-  for (int round = 0; round < 300; ++round) {
-    const int width = 1 + static_cast<int>(rng() % 25), height = 1 + static_cast<int>(rng() % 25);
-    const ZorImage image = RandomPicture(rng, width, height, 2 + round % 6);
-    const int radius = static_cast<int>(rng() % 7) - 1;
-    const int threshold = static_cast<int>(rng() % 300) - 20;
-    ZorPointArray expected;
-    for (int i = 0; i < round % 5; ++i) {  // left by the caller, some beside the image
-      expected.Append(ZorPoint(static_cast<int>(rng() % 27), static_cast<int>(rng() % 27)));
+  // Small radii, those of the doubled windows, and one whose rows need more than a byte to count.
+  for (const Sizes& s : {Sizes{300, 25, 25, -1, 7},
+                         {20, 30, 30, 9, 20},
+                         {6, 80, 60, 33, 28},
+                         {6, 30, 300, 260, 1}}) {
+    for (int round = 0; round < s.rounds; ++round) {
+      const int width = s.width - static_cast<int>(rng() % 25);
+      const int height = std::max(1, s.height - static_cast<int>(rng() % 25));
+      const ZorImage image = RandomPicture(rng, width, height, 1 + round % 7);
+      const int radius = s.radius + static_cast<int>(rng() % static_cast<unsigned>(s.radii));
+      const int threshold = static_cast<int>(rng() % 300) - 20;
+      ZorPointArray expected;
+      for (int i = 0; i < round % 5; ++i) {  // left by the caller, some beside the image
+        expected.Append(ZorPoint(static_cast<int>(rng() % 27), static_cast<int>(rng() % 27)));
+      }
+      if (round % 11 == 3) expected.Append(ZorPoint(zor::test::kNaN, 1e300));
+      if (round % 7 == 1) expected.Append(ZorPoint(1.5, 1));
+      ZorPointArray minima(expected), maxima(expected), expected_maxima(expected);
+      AppendExtremaPlainly(image, false, threshold, radius, &expected);
+      AppendExtremaPlainly(image, true, threshold, radius, &expected_maxima);
+      EXPECT_EQ(ZorGeometryMeasure().localminima(image, threshold, radius, &minima), GM_OK);
+      EXPECT_EQ(ZorGeometryMeasure().localmaxima(image, threshold, radius, &maxima), GM_OK);
+      SCOPED_TRACE("round " + std::to_string(round) + ", radius " + std::to_string(radius));
+      ASSERT_EQ(minima.Length(), expected.Length());
+      ASSERT_EQ(maxima.Length(), expected_maxima.Length());
+      if (round % 11 == 3) continue;  // holds a NaN, which equals nothing
+      ASSERT_EQ(minima, expected);
+      ASSERT_EQ(maxima, expected_maxima);
     }
-    if (round % 7 == 0) expected.Append(ZorPoint(zor::test::kNaN, 1e300));
-    if (round % 7 == 1) expected.Append(ZorPoint(1.5, 1));
-    ZorPointArray minima(expected), maxima(expected), expected_maxima(expected);
-    AppendExtremaPlainly(image, false, threshold, radius, &expected);
-    AppendExtremaPlainly(image, true, threshold, radius, &expected_maxima);
-    EXPECT_EQ(ZorGeometryMeasure().localminima(image, threshold, radius, &minima), GM_OK);
-    EXPECT_EQ(ZorGeometryMeasure().localmaxima(image, threshold, radius, &maxima), GM_OK);
-    ASSERT_EQ(minima.Length(), expected.Length()) << "round " << round << ", radius " << radius;
-    ASSERT_EQ(maxima.Length(), expected_maxima.Length()) << "round " << round;
-    if (round % 7 == 0) continue;  // holds a NaN, which equals nothing
-    ASSERT_EQ(minima, expected) << "round " << round << ", radius " << radius;
-    ASSERT_EQ(maxima, expected_maxima) << "round " << round << ", radius " << radius;
   }
 }
 
@@ -111,6 +124,8 @@ TEST(LocalExtrema, KeepToThresholdBordersAndPlateaus) {
   out.Clear();
   m.localmaxima(pits, 255, 0, &out);
   EXPECT_TRUE(out.Empty());
+  m.localminima(ZorImage(20000, 3), 9, kMaxInt, &out);  // no margin larger than the image
+  EXPECT_EQ(out, (ZorPointArray{{1, 1}}));
 }
 
 TEST(LocalExtrema, TakeEveryKindOfImage) {
