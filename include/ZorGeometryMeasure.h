@@ -1302,9 +1302,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   /// The local minima of the image smoothed by a Gaussian spot: `width` is its full width at half
   /// maximum in pixels (sigma = width / (2 sqrt(2 ln 2)), the kernel reaches three sigma to each
-  /// side, its size forced odd). A width below 1 does not smooth, one above the larger side of the
-  /// image counts as that side. Threshold and comparisons are of the smoothed image, under the
-  /// rules of localminima. Always GM_OK. Traced.
+  /// side, its size forced odd). A width below 1 does not smooth, one above 255 or above the larger
+  /// side of the image counts as the smaller of these; the time grows with it. Threshold and
+  /// comparisons are of the smoothed image, rounded to whole grey values, under the rules of
+  /// localminima. Always GM_OK. Traced.
   long PSFlocalminimum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);
   /// The local maxima of the smoothed image; all else as for PSFlocalminimum. Always GM_OK. Traced.
   long PSFlocalmaximum(ZorImage image, int threshold, int radius, int width, ZorPointArray* output);

@@ -75,8 +75,8 @@ TEST(LocalExtrema, AgreeWithThePlainSearch) {
   // Small radii, those of the doubled windows, and one whose rows need more than a byte to count.
   for (const Sizes& s : {Sizes{300, 25, 25, -1, 7},
                          {20, 30, 30, 9, 20},
-                         {6, 80, 60, 33, 28},
-                         {6, 30, 300, 260, 1}}) {
+                         {4, 80, 60, 33, 28},
+                         {3, 30, 300, 260, 1}}) {
     for (int round = 0; round < s.rounds; ++round) {
       const int width = s.width - static_cast<int>(rng() % 25);
       const int height = std::max(1, s.height - static_cast<int>(rng() % 25));
@@ -178,10 +178,36 @@ TEST(PSFLocalExtrema, FindSpotsUnderNoise) {
     ASSERT_EQ(out.Length(), 2);
     for (int i = 0; i < 2; ++i) zor::test::ExpectNear(out[i], centres[i], 1.0);
   }
-  ZorPointArray plain, unsmoothed, vast;
+  ZorPointArray plain, unsmoothed;
   dlg.localmaxima(bright, 70, 1, &plain);
   dlg.PSFlocalmaximum(bright, 70, 1, 0, &unsmoothed);
   EXPECT_GT(plain.Length(), 50);
   EXPECT_EQ(plain, unsmoothed);
-  EXPECT_EQ(dlg.PSFlocalmaximum(bright, 0, 5, kMaxInt, &vast), GM_OK);
+}
+
+TEST(PSFLocalExtrema, SpreadAWideSpotAsFarAsItsLargestWidth) {
+  struct Case {
+    const char* what;
+    int width, height, block_width, block_height, spot, peak;  // 255 erf(..) for either direction
+  };
+  for (const Case& c : {Case{"kernel of 17", 60, 50, 3, 3, 6, 51},
+                        {"103", 150, 130, 21, 21, 40, 55},
+                        {"wider than 255", 2000, 4, 61, 4, kMaxInt, 57}}) {
+    SCOPED_TRACE(c.what);
+    const int x0 = (c.width - c.block_width) / 2, y0 = (c.height - c.block_height) / 2;
+    const int stride = c.width + 40;
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(stride * c.height), 255);
+    ZorImage image = ZorImage::Wrap(pixels.data(), c.width, c.height, stride);  // white beside it
+    for (int y = 0; y < c.height; ++y) {
+      for (int x = 0; x < c.width; ++x) {
+        const bool is_in = x >= x0 && x < x0 + c.block_width && y >= y0 && y < y0 + c.block_height;
+        image.Row(y)[x] = is_in ? 255 : 0;
+      }
+    }
+    ZorPointArray above, below;
+    EXPECT_EQ(ZorGeometryMeasure().PSFlocalmaximum(image, c.peak - 2, 99, c.spot, &below), GM_OK);
+    EXPECT_EQ(ZorGeometryMeasure().PSFlocalmaximum(image, c.peak + 2, 99, c.spot, &above), GM_OK);
+    EXPECT_EQ(below.Length(), 1);
+    EXPECT_EQ(above.Length(), 0);
+  }
 }
