@@ -100,8 +100,9 @@ PointPair NearestOfLine(const ZorPoint& p1, const ZorPoint& p2, double a, double
   if (std::fabs(direction.x) <= kUprightLine) return NearestOfUprightLine(p1.x, a, b);
   const double k = direction.y / direction.x;
   const double m = p1.y - k * p1.x;
-  // Deliberate: the equation is not scaled to the size of the oval, nor is the bound on its
-  // discriminant, which therefore calls a line a tangent only where the two agree to the last bits.
+  // Deliberate: neither the equation nor the bound on its discriminant is scaled to the size of the
+  // oval. Large ovals have tangents to the last bits only, and an oval a tenth of a pixel wide is
+  // touched by lines a tenth away; hosts know results made that way.
   const double qa = k * k * (a * a) + b * b;
   const double qb = 2 * k * m * (a * a);
   const double qc = a * a * (m * m - b * b);

@@ -183,6 +183,8 @@ TEST(LineToOval, CasesOfTheEquation) {
       {"upright, touching", {low, 3}, {low, 4}, 5, 4, 0, {0, {low, 0}, {low, 0}}},
       {"upright, past it", {high, 3}, {high, 4}, 5, 4, 0, {1.1e-5, {high, 0}, {5, 0}}},
       {"upright, through", {3, -9}, {3, 9}, 5, 4, 0, {0, {3, 3.2}, {3, 3.2}}},
+      {"touched from afar", {-9, 0.06}, {9, 0.06}, 0.05, 0.04, 0, {0, {0, 0.06}, {0, 0.06}}},
+      {"not so far", {-9, 0.4}, {9, 0.4}, 0.1, 0.1, 0, {0.3, {0, 0.4}, {0, 0.1}}},
       {"as good as upright", {0, 9}, {1e-5, 0}, 5, 4, 0, {0, {0, 4}, {0, 4}}},
       {"two equal points", {7, 0}, {7, 0}, 5, 4, 0, {2, {7, 0}, {5, 0}}},
       {"turned", {0, -10}, {-10, 0}, 5, 4, 45, {10 * half - 4, {-5, -5}, {-4 * half, -4 * half}}},
