@@ -23,6 +23,11 @@ std::string Line(const std::string& style, const ZorPoint& from, const ZorPoint&
          Attribute("x2", to.x) + Attribute("y2", to.y) + "/>";
 }
 
+std::string Circle(const std::string& style, const ZorPoint& centre, double radius) {
+  return "<circle class=\"" + style + "\"" + Attribute("cx", centre.x) + Attribute("cy", centre.y) +
+         Attribute("r", radius) + "/>";
+}
+
 /// The point at `radius` from the vertex towards `to`.
 ZorPoint Towards(const ZorPoint& vertex, const ZorPoint& to, double radius) {
   const ZorPoint d = to - vertex;
@@ -46,8 +51,11 @@ std::string SvgAuxLine(const ZorPoint& from, const ZorPoint& to) { return Line("
 std::string SvgHintLine(const ZorPoint& from, const ZorPoint& to) { return Line("hint", from, to); }
 
 std::string SvgCircle(const ZorPoint& centre, double radius) {
-  return "<circle class=\"line\"" + Attribute("cx", centre.x) + Attribute("cy", centre.y) +
-         Attribute("r", radius) + "/>";
+  return Circle("line", centre, radius);
+}
+
+std::string SvgHintCircle(const ZorPoint& centre, double radius) {
+  return Circle("hint", centre, radius);
 }
 
 std::string SvgEllipse(const ZorPoint& centre, double a, double b, double angle_deg) {

@@ -25,10 +25,12 @@ constexpr int kExitOffLimits = 3;  // the plate was measured, but some row misse
 constexpr std::size_t kMaxParts = 100;
 
 /// In this order: later ones build on what earlier ones found.
-constexpr std::array<void (*)(inspect::PlateBench*), 9> kPlateGroups = {
-    inspect::MeasureEdges,     inspect::MeasureCorners,   inspect::MeasureDistances,
-    inspect::MeasureParallels, inspect::MeasureBores,     inspect::MeasureCurves,
-    inspect::MeasureOutline,   inspect::MeasureCrossings, inspect::MeasureTangents};
+constexpr std::array<void (*)(inspect::PlateBench*), 14> kPlateGroups = {
+    inspect::MeasureEdges,     inspect::MeasureCorners, inspect::MeasureDistances,
+    inspect::MeasureParallels, inspect::MeasureBores,   inspect::MeasureSlot,
+    inspect::MeasureCurves,    inspect::MeasureOutline, inspect::MeasureCrossings,
+    inspect::MeasureTangents,  inspect::MeasureZones,   inspect::MeasureSelections,
+    inspect::MeasureWebs,      inspect::MeasureForms};
 
 constexpr const char* kUsage =
     "usage: inspect [IMAGE] [--truth FILE] [--out DIR]\n"

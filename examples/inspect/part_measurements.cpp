@@ -7,6 +7,7 @@
 #include "outline.h"
 #include "part_shape.h"
 #include "straight_sides.h"
+#include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
 namespace inspect {
@@ -82,6 +83,10 @@ void PartRows::AddSide(const StraightSide& side, const std::string& name) {
   row.measured = LineAngle(side.line);
   row.figure = SvgPoints(side.points) + SvgLine(side.line.start, side.line.end);
   rows_.push_back(row);
+  ZorPointArray points = ToZor(side.points);
+  Row straightness{group_, name + ", straightness", "px"};
+  straightness.status = ZorGeometryMeasure().Straightness(points, 1, &straightness.measured);
+  if (straightness.status != GM_E_TOO_FEW_POINTS) rows_.push_back(straightness);
 }
 
 void PartRows::AddLength(const StraightSide& before, const StraightSide& side,

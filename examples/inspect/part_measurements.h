@@ -10,10 +10,11 @@
 
 namespace inspect {
 
-/// What the library measures of one part: the extent, area, centroid and axes of its outline and
-/// largest holes, their straight sides with directions and lengths, the angles between neighbouring
-/// sides and the distances of parallel ones. Rows carry `name` as their group. Outlines of which
-/// hardly anything is an edge, a soft shadow say, are left out; no rows when that is the outer one.
+/// What the library measures of one part: the extent, area, centroid, axes and form of its outline
+/// and largest holes, their straight sides with directions and lengths, the angles between
+/// neighbouring sides and the distances of parallel ones. Rows carry `name` as their group.
+/// Outlines of which hardly anything is an edge, a soft shadow say, are left out; no rows when that
+/// is the outer one.
 std::vector<Row> MeasurePart(const cv::Mat& grey, const Part& part, const std::string& name);
 
 }  // namespace inspect

@@ -1,8 +1,12 @@
 #include "part_shape.h"
 
+#include <cmath>
+#include <utility>
+
 #include "figures.h"
 #include "line_fit.h"
 #include "outline_moments.h"
+#include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
 namespace inspect {
@@ -12,6 +16,48 @@ constexpr double kMinElongation = 1.01;  // of deviations along the axes, for a 
 
 ZorPoint Along(const WireAxes& axes, const ZorPoint& direction, double distance) {
   return {axes.middle.x + distance * direction.x, axes.middle.y + distance * direction.y};
+}
+
+/// How nearly the outline is a circle or a rectangle, and the smallest figures around it.
+void AddForm(const std::vector<cv::Point2d>& outline, const std::string& group,
+             const std::string& what, std::vector<Row>* rows) {
+  ZorGeometryMeasure form;
+  ZORMV::ZorGeometryMeasureDlg measure;
+  ZorPointArray points = ToZor(outline);
+  for (const auto& [name, mode] :
+       {std::pair("roundness by perimeter", 0), std::pair("roundness by deviation", 1),
+        std::pair("roundness by fitted circle", 2), std::pair("roundness by farthest point", 3)}) {
+    Row row{group, what + name, ""};
+    row.status = form.Roundness(points, mode, &row.measured);
+    rows->push_back(row);
+  }
+  Row rectangularity{group, what + "rectangularity", ""};
+  rectangularity.status = form.Rectangularity(points, &rectangularity.measured);
+  rows->push_back(rectangularity);
+
+  ZorPoint centre;
+  double length = 0;
+  double width = 0;
+  double angle_deg = 0;
+  long status = measure.MinAreaRectangularity(points, &centre, &length, &width, &angle_deg);
+  const auto direction = [&](double turn_deg) {
+    const double theta_rad = (angle_deg + turn_deg) * CV_PI / 180;
+    return ZorPoint(std::cos(theta_rad), -std::sin(theta_rad));
+  };
+  const ZorPoint half_length(length / 2 * direction(0).x, length / 2 * direction(0).y);
+  const ZorPoint half_width(width / 2 * direction(90).x, width / 2 * direction(90).y);
+  const ZorPoint far = centre + half_length;
+  const ZorPoint near = centre - half_length;
+  const std::string box = SvgHintLine(far + half_width, far - half_width) +
+                          SvgHintLine(near + half_width, near - half_width) +
+                          SvgHintLine(far + half_width, near + half_width) +
+                          SvgHintLine(far - half_width, near - half_width);
+  rows->push_back({group, what + "smallest rectangle, length", "px", length, status, box});
+  rows->push_back({group, what + "smallest rectangle, width", "px", width, status, box});
+  double radius = 0;
+  status = measure.ExternalCircle(points, &centre, &radius);
+  rows->push_back({group, what + "smallest circle, radius", "px", radius, status,
+                   SvgHintCircle(centre, radius)});
 }
 
 }  // namespace
@@ -44,6 +90,7 @@ std::vector<Row> ShapeRows(const std::vector<cv::Point2d>& outline, const std::s
                   axes.status,
                   SvgHintLine(Along(axes, axes.cross, -2 * axes.cross_deviation),
                               Along(axes, axes.cross, 2 * axes.cross_deviation))});
+  AddForm(outline, group, what, &rows);
   return rows;
 }
 

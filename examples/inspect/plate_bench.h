@@ -87,6 +87,8 @@ void MeasureDistances(PlateBench* bench);
 void MeasureParallels(PlateBench* bench);
 /// The bores as circles. Before the groups that build on the bores.
 void MeasureBores(PlateBench* bench);
+/// The slot as an ellipse. Before the groups that build on the slot.
+void MeasureSlot(PlateBench* bench);
 /// The bulged bottom edge as a polynomial, and the scribed line's profile as a Gaussian.
 void MeasureCurves(PlateBench* bench);
 /// The outer outline: area, centroid, moments, principal axes, farthest points. Before the groups
@@ -96,5 +98,13 @@ void MeasureOutline(PlateBench* bench);
 void MeasureCrossings(PlateBench* bench);
 /// The fiducials, and the tangents from one of them to a bore.
 void MeasureTangents(PlateBench* bench);
+/// What bores and slot share with their tolerance zones.
+void MeasureZones(PlateBench* bench);
+/// Edge points selected by regions, and what is fitted to them.
+void MeasureSelections(PlateBench* bench);
+/// Distances of the outline from a bore and the slot, and the web between two bores.
+void MeasureWebs(PlateBench* bench);
+/// Roundness, straightness, rectangularity; enclosing and inscribed figures.
+void MeasureForms(PlateBench* bench);
 
 }  // namespace inspect

@@ -55,6 +55,11 @@ void MeasureCrossings(PlateBench* bench) {
       status = measure.LineCircleIntersection(from, to, bore.centre, bore.radius, &crossings);
       AddCrossings(bench, probe, bore.name, crossings, status);
     }
+    if (!Crosses(probe, {"slot", bench->Drawing().slot.centre, bench->Drawing().slot.b})) continue;
+    MeasuredSlot& slot = bench->Slot();
+    status = measure.LineOvalIntersection(from, to, slot.centre, slot.a, slot.b, slot.angle_deg,
+                                          &crossings);
+    AddCrossings(bench, probe, "slot", crossings, status);
   }
 }
 

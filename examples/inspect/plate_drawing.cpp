@@ -52,6 +52,14 @@ Probe ScribeProfile(const Scribe& drawn) {
   return {"profile", middle - across, middle + across};
 }
 
+Slot ToleranceZone(const Bore& drawn) {
+  return ToleranceZone(Slot{drawn.centre, drawn.radius, drawn.radius, 0});
+}
+
+Slot ToleranceZone(const Slot& drawn) {
+  return {drawn.centre, 1.05 * drawn.a, 0.95 * drawn.b, drawn.angle_deg};
+}
+
 cv::Point2d BottomPoint(const Plate& plate, double t) {
   const cv::Point2d& from = plate.corners[kBottom];
   const cv::Point2d chord = plate.corners[kBottom + 1] - from;

@@ -90,6 +90,11 @@ std::array<cv::Point2d, 4> WindowCorners(const Window& window);
 /// The line across the scribed line's middle along which its profile is measured.
 Probe ScribeProfile(const Scribe& drawn);
 
+// The zones that bores and slot are compared with: ellipses about the drawn figures, longer by a
+// twentieth along the first axis and shorter by as much along the second.
+Slot ToleranceZone(const Bore& drawn);
+Slot ToleranceZone(const Slot& drawn);
+
 /// The bottom side's sag is taken in the middle between these columns, from the chord between them.
 inline constexpr double kSagFrom = 310;
 inline constexpr double kSagTo = 910;

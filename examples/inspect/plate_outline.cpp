@@ -43,15 +43,15 @@ void AddMoments(PlateBench* bench, const AreaMoments& m) {
   const double reach = 2 * std::sqrt(std::max(m.xx, m.yy));
   const ZorPoint along(reach * std::cos(axis_rad), reach * std::sin(axis_rad));
   bench->Add({"Outline", "main axis of the area, direction", "deg", -axis_rad * 180 / CV_PI,
-              m.status, SvgAuxLine(centroid - along, centroid + along)},
+              m.status, SvgHintLine(centroid - along, centroid + along)},
              "outline.axis.angle_deg", kAngleLimit_deg);
 }
 
 void AddAxis(PlateBench* bench, const WireAxes& axes, const std::string& name,
              const ZorPoint& direction, double deviation) {
-  const ZorPoint along(2 * deviation * direction.x, 2 * deviation * direction.y);
+  const ZorPoint along(deviation * direction.x, deviation * direction.y);
   const FittedLine axis{axes.middle - along, axes.middle + along, axes.status};
-  const std::string figure = SvgLine(axis.start, axis.end);
+  const std::string figure = SvgAuxLine(axis.start, axis.end);
   const std::string group = "Principal axes of the outline";
   bench->Add({group, name + " axis, direction", "deg", LineAngle(axis), axes.status, figure},
              "outline.curve." + name + ".angle_deg", kAngleLimit_deg);

@@ -52,9 +52,9 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
   ASSERT_EQ(parts.size(), 2U);
   ASSERT_EQ(parts[0].holes.size(), 1U);
   const auto box = Measured(picture, parts[0]);
-  // Extent and middle, shape, two distances, four lengths, angles and directions, for box and hole
-  // each.
-  EXPECT_EQ(box.size(), 2 * (4 + 6 + 2 + 3 * 4));
+  // Extent and middle, shape, two distances, four lengths, angles, directions and straightnesses,
+  // for box and hole each.
+  EXPECT_EQ(box.size(), 2 * (4 + 6 + 8 + 2 + 4 * 4));
   EXPECT_NEAR(box.at("area"), 80.5 * 49.75, 5);
   EXPECT_NEAR(box.at("centroid, x"), (20.25 + 100.75) / 2, 0.1);
   EXPECT_NEAR(box.at("centroid, y"), (30.5 + 80.25) / 2, 0.1);
@@ -69,7 +69,16 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
               40.5 * 28, 5);
 
   const auto disc = Measured(picture, parts[1]);
-  EXPECT_EQ(disc.size(), 4U + 5U) << "no sides, and no direction";
+  EXPECT_EQ(disc.size(), 4U + 5U + 8U) << "no sides, and no direction";
+  for (const char* by : {"perimeter", "deviation", "fitted circle"}) {
+    EXPECT_GT(disc.at(std::string("roundness by ") + by), 0.98) << by;
+  }
+  const double circumference = 2 * (wide + high);
+  EXPECT_NEAR(box.at("roundness by perimeter"),
+              4 * CV_PI * wide * high / (circumference * circumference), 0.01);
+  EXPECT_GT(box.at("rectangularity"), 0.95);
+  EXPECT_NEAR(box.at("smallest rectangle, length"), 80.5, 0.3);
+  EXPECT_NEAR(disc.at("smallest circle, radius"), 28, 0.15);
   EXPECT_NEAR(disc.at("area"), CV_PI * 28 * 28, 5);
   EXPECT_NEAR(disc.at("width"), 56, 0.2);
   EXPECT_NEAR(disc.at("middle, x"), 150, 0.1);

@@ -3,12 +3,6 @@
 namespace plate {
 namespace {
 
-double DistanceToSegment(const cv::Point2d& p, const cv::Point2d& a, const cv::Point2d& b) {
-  const cv::Point2d d = b - a;
-  const double t = std::clamp((p - a).dot(d) / d.dot(d), 0.0, 1.0);
-  return Length(p - (a + t * d));
-}
-
 /// Of two segments side by side: both distances lie at an end.
 void AddPair(const std::string& names, const cv::Point2d& a1, const cv::Point2d& a2,
              const cv::Point2d& b1, const cv::Point2d& b2, TruthLines* truth) {

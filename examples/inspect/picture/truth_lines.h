@@ -40,12 +40,21 @@ inline double DistanceToLine(const cv::Point2d& p, const cv::Point2d& a, const c
   return std::abs((b - a).cross(p - a)) / Length(b - a);
 }
 
+inline double DistanceToSegment(const cv::Point2d& p, const cv::Point2d& a, const cv::Point2d& b) {
+  const cv::Point2d d = b - a;
+  const double t = std::clamp((p - a).dot(d) / d.dot(d), 0.0, 1.0);
+  return Length(p - (a + t * d));
+}
+
 // Each adds the dimensions of one group of figures.
 void AddParallels(const Plate& plate, TruthLines* truth);
 void AddCrossings(const Plate& plate, TruthLines* truth);
 void AddTangents(const Plate& plate, TruthLines* truth);
 void AddBottom(const Plate& plate, TruthLines* truth);
 void AddScribeProfile(const Plate& plate, TruthLines* truth);
+void AddZones(const Plate& plate, TruthLines* truth);
+void AddWebs(const Plate& plate, TruthLines* truth);
+void AddForms(const Plate& plate, TruthLines* truth);
 void AddOutlineCurve(const Outline& outline, TruthLines* truth);
 void AddFarthest(const Outline& outline, TruthLines* truth);
 

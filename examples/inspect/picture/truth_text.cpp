@@ -111,6 +111,9 @@ std::string TruthText(const Plate& plate) {
   AddTangents(plate, &truth);
   AddBottom(plate, &truth);
   AddScribeProfile(plate, &truth);
+  AddZones(plate, &truth);
+  AddWebs(plate, &truth);
+  AddForms(plate, &truth);
   return truth.text_;
 }
 
