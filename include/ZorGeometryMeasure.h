@@ -1174,8 +1174,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// (FitCircle) over its radius. Mode 2: area over that of the fitted circle. Mode 3: area over
   /// that of the circle about PolygonCenter through the farthest point. A ratio v rates as
   /// 1 - |1 - v|; ratings below 0 are 0, as where no circle fits. Not a number where a mode divides
-  /// 0 by 0: points on a line in mode 2, coinciding points in the others. Not traced itself; a
-  /// nested "PolygonCenter" in mode 3 is.
+  /// 0 by 0, as modes 0 and 3 do for points that all coincide. Not traced itself; a nested
+  /// "PolygonCenter" in mode 3 is.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 10 points
   /// @retval GM_E_PARAM_2  mode outside 0 .. 3
   long Roundness(ZorPointArray& points, int mode, double* roundness);
