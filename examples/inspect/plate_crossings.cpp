@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
 
 #include "figures.h"
 #include "plate_bench.h"

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "figures.h"
@@ -97,8 +98,10 @@ ZorPointArray GreyProfile(const cv::Mat& grey, const plate::Probe& profile) {
   const cv::Point2d middle = 0.5 * (profile.from + profile.to);
   const double reach = length / 2 + kProfileWidth;
   std::vector<cv::Vec3d> bins(static_cast<std::size_t>(length / kBin));  // places, greys, count
-  for (int y = static_cast<int>(middle.y - reach); y <= middle.y + reach; ++y) {
-    for (int x = static_cast<int>(middle.x - reach); x <= middle.x + reach; ++x) {
+  const int bottom = std::min(grey.rows - 1, static_cast<int>(middle.y + reach));
+  const int right = std::min(grey.cols - 1, static_cast<int>(middle.x + reach));
+  for (int y = static_cast<int>(middle.y - reach); y <= bottom; ++y) {
+    for (int x = static_cast<int>(middle.x - reach); x <= right; ++x) {
       const cv::Point2d d = cv::Point2d(x, y) - profile.from;
       const double place = d.dot(n);
       const double bin = std::floor(place / kBin);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "figures.h"
 #include "plate_bench.h"
@@ -21,11 +22,17 @@ double MetalGrey(const cv::Mat& grey, int x0, int y0) {
   return sum / (8 * kReach);
 }
 
+bool ShowsSquare(const cv::Mat& grey, int x0, int y0) {
+  return x0 >= kReach && y0 >= kReach && x0 + kReach < grey.cols && y0 + kReach < grey.rows;
+}
+
 /// The dark dot near `place`: the mean of its pixels, each weighted with its darkness. A dot is too
-/// small for edge points, and its blur does not move the mean.
+/// small for edge points, and its blur does not move the mean. Not a number without a dot there.
 cv::Point2d DotCentre(const cv::Mat& grey, const cv::Point2d& place) {
   const int x0 = static_cast<int>(std::lround(place.x));
   const int y0 = static_cast<int>(std::lround(place.y));
+  constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+  if (!ShowsSquare(grey, x0, y0)) return {kNothing, kNothing};
   const double metal = MetalGrey(grey, x0, y0);
   double weights = 0;
   cv::Point2d sum(0, 0);
