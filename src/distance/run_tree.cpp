@@ -59,7 +59,8 @@ void RunTree::AddLeaves() {
   for (std::uint32_t k = 0; k < leaves.size(); ++k) {
     leaves[k] = BoundOf(k * kLeafSize, std::min((k + 1) * kLeafSize, size_));
   }
-  levels_.assign(1, std::move(leaves));
+  levels_.clear();
+  levels_.push_back(std::move(leaves));
 }
 
 bool RunTree::IsScattered() const {

@@ -21,89 +21,57 @@ std::vector<double> Values(const ZorVarArray& list) {
 
 }  // namespace
 
-TEST(PointToContour, ModesAndTies) {
+TEST(PointToContour, ModesTiesAndStatuses) {
   ZorGeometryMeasure m;
-  ZorContour contour{{0, 0}, {8, 0}, {8, 6}, {0, 6}};
+  ZorContour none, one{{3, 4}}, contour{{0, 0}, {8, 0}, {8, 6}, {0, 6}};
   ZorPoint nearest, farthest;
   double low = kUntouched, high = kUntouched;
-  EXPECT_EQ(m.PointToContourDistance(contour, {4, 3}, 0, &nearest, &low, &farthest, &high), GM_OK);
-  EXPECT_EQ(low, 5);
-  EXPECT_EQ(high, 5);
-  EXPECT_EQ(nearest, ZorPoint(0, 0));
-  EXPECT_EQ(farthest, ZorPoint(0, 0));
-  EXPECT_EQ(m.PointToContourDistance(contour, {1, 3}, 1, &nearest, &low, &farthest, &high), GM_OK);
+  const auto measure = [&](ZorContour& c, ZorPoint p, int mode) {
+    return m.PointToContourDistance(c, p, mode, &nearest, &low, &farthest, &high);
+  };
+  EXPECT_EQ(measure(contour, {4, 3}, 0), GM_OK);
+  EXPECT_TRUE(low == 5 && high == 5);
+  EXPECT_TRUE(nearest == ZorPoint(0, 0) && farthest == ZorPoint(0, 0));
+  EXPECT_EQ(measure(contour, {1, 3}, 1), GM_OK);
   EXPECT_EQ(low, 3) << "an open polyline: the closing edge at distance 1 does not count";
   ExpectNear(nearest, {1, 0}, 1e-12);
-  EXPECT_EQ(high, std::sqrt(49.0 + 9.0));
-  EXPECT_EQ(farthest, ZorPoint(8, 0)) << "the maximum is that of the points in both modes";
-}
-
-TEST(PointToContour, SinglePointAndStatuses) {
-  ZorGeometryMeasure m;
-  ZorContour none, one{{3, 4}};
+  EXPECT_EQ(high, std::sqrt(58.0)) << "the maximum is that of the points in both modes";
+  EXPECT_EQ(farthest, ZorPoint(8, 0));
   for (const int mode : {0, 1}) {
-    ZorPoint nearest, farthest;
-    double low = kUntouched, high = kUntouched;
-    EXPECT_EQ(m.PointToContourDistance(one, {0, 0}, mode, &nearest, &low, &farthest, &high), GM_OK);
-    EXPECT_EQ(low, 5);
-    EXPECT_EQ(high, 5);
-    EXPECT_EQ(nearest, farthest);
+    EXPECT_EQ(measure(one, {0, 0}, mode), GM_OK);
+    EXPECT_TRUE(low == 5 && high == 5 && nearest == farthest);
   }
-  EXPECT_EQ(m.PointToContourDistance(none, {0, 0}, 7, nullptr, nullptr, nullptr, nullptr),
-            GM_E_EMPTY_CONTOUR);
-  for (const int mode : {-1, 2}) {
-    EXPECT_EQ(m.PointToContourDistance(one, {0, 0}, mode, nullptr, nullptr, nullptr, nullptr),
-              GM_E_PARAM_3);
-  }
+  EXPECT_EQ(measure(none, {0, 0}, 7), GM_E_EMPTY_CONTOUR);
+  for (const int mode : {-1, 2}) EXPECT_EQ(measure(one, {0, 0}, mode), GM_E_PARAM_3);
 }
 
 TEST(ContourToLine, SnapsTheMinimumAndListsTheDistances) {
   const double reach = std::sqrt(2.0) * 2;
-  struct Case {
-    const char* what;
-    double y;
-    double low;
-  };
-  for (const Case& c : {Case{"at the bound", reach, 0.0},
-                        Case{"above it", std::nextafter(reach, 3.0), std::nextafter(reach, 3.0)}}) {
-    SCOPED_TRACE(c.what);
+  const double above = std::nextafter(reach, 3.0);
+  for (const double y : {reach, above}) {
     ZorGeometryMeasure m;
-    ZorContour contour{{0, 9}, {4, c.y}, {20, 0}};
+    ZorContour contour{{0, 9}, {4, y}, {20, 0}};
     ZorPoint start(0, 0), end(8, 0), nearest, farthest;
     ZorVarArray list;
     double low = kUntouched, high = kUntouched;
     EXPECT_EQ(m.ContourToLineSegmentDistance1(contour, start, end, &list, &nearest, &low, &farthest,
                                               &high),
               GM_OK);
-    EXPECT_EQ(low, c.low);
-    EXPECT_EQ(nearest, ZorPoint(4, c.y));
-    EXPECT_EQ(high, 12);
-    EXPECT_EQ(farthest, ZorPoint(20, 0));
-    EXPECT_EQ(Values(list), (std::vector<double>{9, c.y, 12})) << "the list is not snapped";
+    EXPECT_EQ(low, y == reach ? 0 : above);
+    EXPECT_TRUE(nearest == ZorPoint(4, y) && farthest == ZorPoint(20, 0) && high == 12);
+    EXPECT_EQ(Values(list), (std::vector<double>{9, y, 12})) << "the list is not snapped";
     // To the line, not the segment: the last point is on it.
     EXPECT_EQ(
         m.LineToContourDistance(contour, start, end, &list, &nearest, nullptr, nullptr, &high),
         GM_OK);
-    EXPECT_EQ(nearest, ZorPoint(20, 0));
-    EXPECT_EQ(high, 9);
-    EXPECT_EQ(Values(list), (std::vector<double>{9, c.y, 0}));
+    EXPECT_TRUE(nearest == ZorPoint(20, 0) && high == 9);
+    EXPECT_EQ(Values(list), (std::vector<double>{9, y, 0}));
+    // The list alone holds the first distance only.
+    EXPECT_EQ(
+        m.LineToContourDistance(contour, start, end, &list, nullptr, nullptr, nullptr, nullptr),
+        GM_OK);
+    EXPECT_EQ(Values(list), std::vector<double>{9});
   }
-}
-
-TEST(ContourToLine, ListAloneHoldsTheFirstDistance) {
-  ZorGeometryMeasure m;
-  ZorContour contour{{0, 9}, {4, 5}};
-  ZorPoint start(0, 0), end(8, 0);
-  ZorVarArray list{1.0, 2.0, 3.0};
-  EXPECT_EQ(m.LineToContourDistance(contour, start, end, &list, nullptr, nullptr, nullptr, nullptr),
-            GM_OK);
-  EXPECT_EQ(Values(list), std::vector<double>{9});
-  double high = 0;
-  EXPECT_EQ(
-      m.ContourToLineSegmentDistance1(contour, start, end, &list, nullptr, nullptr, nullptr, &high),
-      GM_OK);
-  EXPECT_EQ(Values(list), (std::vector<double>{9, 5}));
-  EXPECT_EQ(high, 9);
 }
 
 TEST(ContourToLine, EmptyIsCheckedBeforeDegenerate) {

@@ -7,6 +7,7 @@
 #include <tbb/global_control.h>
 
 #include "distance/hard_contours.h"
+#include "frame/rounding.h"
 #include "support/values.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
@@ -28,11 +29,9 @@ Result Measure(ZorContour& a, ZorContour& b, int mode) {
 }
 
 ZorContour Rounded(const ZorContour& contour) {
+  using zor::frame::RoundToFloat;
   std::vector<ZorPoint> points;
-  for (const ZorPoint& p : contour) {
-    points.emplace_back(static_cast<double>(static_cast<float>(p.x)),
-                        static_cast<double>(static_cast<float>(p.y)));
-  }
+  for (const ZorPoint& p : contour) points.emplace_back(RoundToFloat(p.x), RoundToFloat(p.y));
   return ZorContour(points);
 }
 

@@ -37,7 +37,7 @@ inline std::vector<ZorPoint> HardContour(int kind, int count, double size, std::
     if (kind == 4) p = ZorPoint(p.x * (1 + 0.05 * unit(rng)), p.y * (1 + 0.05 * unit(rng)));
     if (kind == 5) p = ZorPoint(p.x * (1 + 0.3 * std::sin(7 * turn)), p.y);
     if (kind == 6) p = ZorPoint(1 + 1e-4 * p.x, 1e-4 * p.y);
-    if (kind == 7 && i % 4 != 0) p = ZorPoint(points.back().x / size, points.back().y / size);
+    if (kind == 7 && i % 40 != 0) p = ZorPoint(points.back().x / size, points.back().y / size);
     if (kind == 8 && i % 5 == 3) p.x = i % 2 == 0 ? kNaN : kInfinity;
     points.emplace_back(p.x * size, p.y * size);
   }

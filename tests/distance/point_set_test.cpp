@@ -23,19 +23,10 @@ TEST(PointsToLine, ExtremaWithTiesAndTheMaximumAlone) {
             GM_OK);
   EXPECT_EQ(farthest, ZorPoint(3, 5));
   EXPECT_EQ(high, 5);
-}
-
-TEST(PointsToSegment, MeasuresBeyondTheEnds) {
-  ZorPointArray points{{-3, 4}, {13, 4}, {5, 5}};
-  ZorPoint start(0, 0), end(10, 0), nearest, farthest;
-  double low = kUntouched, high = kUntouched;
-  EXPECT_EQ(ZorGeometryMeasure().PointsToSegmentDistance(points, start, end, &nearest, &low,
-                                                         &farthest, &high),
-            GM_OK);
-  EXPECT_EQ(nearest, ZorPoint(-3, 4));
-  EXPECT_EQ(farthest, ZorPoint(-3, 4));
-  EXPECT_EQ(low, 5);
-  EXPECT_EQ(high, 5);
+  // Beyond the ends the segment is farther away than its line.
+  ZorPointArray beyond{{-3, 4}, {13, 4}};
+  EXPECT_EQ(m.PointsToSegmentDistance(beyond, start, end, &nearest, &low, &farthest, &high), GM_OK);
+  EXPECT_TRUE(low == 5 && high == 5 && nearest == ZorPoint(-3, 4) && farthest == nearest);
 }
 
 TEST(PointSets, EmptyIsCheckedBeforeDegenerate) {

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <initializer_list>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -14,32 +15,58 @@ using zor::test::kUntouched;
 using zor::test::Show;
 namespace elementary = zor::elementary;
 
-TEST(PointToSegment, ModesReportTheirPoints) {
-  struct Case {
-    const char* what;
-    int mode;
-    ZorPoint p;
-    double distance;
-    ZorPoint point;
-  };
-  const Case cases[] = {
-      {"foot", 0, {3, 4}, 4, {3, 0}},
-      {"beyond the start", 0, {-3, 4}, 5, {0, 0}},
-      {"beyond the end", 0, {13, -4}, 5, {10, 0}},
-      {"within 1e-5 of an end the distance is 0", 0, {10, 6e-6}, 0, {10, 0}},
-      {"farther end", 1, {3, 4}, std::sqrt(65.0), {10, 0}},
-      {"equally far ends: the second", 1, {5, 4}, std::sqrt(41.0), {10, 0}},
-      {"midpoint", 2, {3, 4}, std::sqrt(20.0), {5, 0}},
-  };
-  for (const Case& c : cases) {
+namespace {
+
+struct Case {
+  const char* what;
+  int mode;
+  ZorPoint a, b;
+  double distance;
+  ZorPoint point;
+};
+
+template <class Measure>
+void Check(std::initializer_list<Case> cases, const Measure& measure) {
+  for (Case c : cases) {
     SCOPED_TRACE(c.what);
-    ZorPoint p = c.p, a(0, 0), b(10, 0), point;
+    ZorPoint point;
     double distance = kUntouched;
-    EXPECT_EQ(ZorGeometryMeasure().PointToSegmentDistance(p, a, b, c.mode, &distance, &point),
-              GM_OK);
+    EXPECT_EQ(measure(c, &distance, &point), GM_OK);
     EXPECT_DOUBLE_EQ(distance, c.distance);
     ExpectNear(point, c.point, 1e-12);
   }
+}
+
+}  // namespace
+
+TEST(PointToSegment, ModesReportTheirPoints) {
+  ZorPoint end(10, 0);
+  const auto measure = [&](Case& c, double* distance, ZorPoint* point) {
+    return ZorGeometryMeasure().PointToSegmentDistance(c.a, c.b, end, c.mode, distance, point);
+  };
+  Check({{"foot", 0, {3, 4}, {0, 0}, 4, {3, 0}},
+         {"beyond the start", 0, {-3, 4}, {0, 0}, 5, {0, 0}},
+         {"beyond the end", 0, {13, -4}, {0, 0}, 5, {10, 0}},
+         {"within 1e-5 of an end the distance is 0", 0, {10, 6e-6}, {0, 0}, 0, {10, 0}},
+         {"farther end", 1, {3, 4}, {0, 0}, std::sqrt(65.0), {10, 0}},
+         {"equally far ends: the second", 1, {5, 4}, {0, 0}, std::sqrt(41.0), {10, 0}},
+         {"midpoint", 2, {3, 4}, {0, 0}, std::sqrt(20.0), {5, 0}}},
+        measure);
+}
+
+TEST(SegmentToLine, ModesAndTies) {
+  ZorPoint start(-10, 0), end(10, 0);
+  const auto measure = [&](Case& c, double* distance, ZorPoint* point) {
+    return ZorGeometryMeasure().SegmentToLineDistance(c.a, c.b, start, end, c.mode, point,
+                                                      distance);
+  };
+  Check({{"nearer end", 0, {0, 2}, {5, 7}, 2, {0, 2}},
+         {"parallel: the second end", 0, {0, 2}, {5, 2}, 2, {5, 2}},
+         {"crossing", 0, {0, -2}, {4, 2}, 0, {2, 0}},
+         {"an end on the line is no crossing", 0, {1, 0}, {4, -2}, 0, {1, 0}},
+         {"farther end", 1, {0, 2}, {5, -7}, 7, {5, -7}},
+         {"equally far: the first end", 1, {0, 2}, {5, -2}, 2, {0, 2}}},
+        measure);
 }
 
 TEST(PointToSegment, DegenerateIsCheckedBeforeTheMode) {
@@ -100,34 +127,6 @@ TEST(ClosedSegment, AgreesWithDenseSamplingAndWithTheOperation) {
     EXPECT_EQ(ZorGeometryMeasure().PointToSegmentDistance(p, a, b, 0, &distance, &point), GM_OK);
     EXPECT_NEAR(distance, nearest.distance, 1e-12);
     ExpectNear(point, nearest.point, 1e-9);
-  }
-}
-
-TEST(SegmentToLine, ModesAndTies) {
-  struct Case {
-    const char* what;
-    int mode;
-    ZorPoint a, b;
-    double distance;
-    ZorPoint point;
-  };
-  const Case cases[] = {
-      {"nearer end", 0, {0, 2}, {5, 7}, 2, {0, 2}},
-      {"parallel: the second end", 0, {0, 2}, {5, 2}, 2, {5, 2}},
-      {"crossing", 0, {0, -2}, {4, 2}, 0, {2, 0}},
-      {"an end on the line is no crossing", 0, {1, 0}, {4, -2}, 0, {1, 0}},
-      {"farther end", 1, {0, 2}, {5, -7}, 7, {5, -7}},
-      {"equally far: the first end", 1, {0, 2}, {5, -2}, 2, {0, 2}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    ZorPoint a = c.a, b = c.b, start(-10, 0), end(10, 0), point;
-    double distance = kUntouched;
-    EXPECT_EQ(
-        ZorGeometryMeasure().SegmentToLineDistance(a, b, start, end, c.mode, &point, &distance),
-        GM_OK);
-    EXPECT_DOUBLE_EQ(distance, c.distance);
-    ExpectNear(point, c.point, 1e-12);
   }
 }
 
