@@ -761,9 +761,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// Unsigned distance of the line through two points to an oval, in closed form; 0 where they meet
   /// (both points are then the crossing with the larger coordinate along the longer axis, or for a
   /// line along the shorter axis the one with the larger coordinate along that). What counts as
-  /// touching does not shrink with the oval: one a tenth of a pixel wide is touched by lines a tenth
-  /// away. The line is not checked: two equal points stand for the line along the shorter axis. The
-  /// last three outputs are never written, since a line has no farthest point. Traced.
+  /// touching does not shrink with the oval: one a tenth of a pixel wide is touched by lines a
+  /// tenth away. The line is not checked: two equal points stand for the line along the shorter
+  /// axis. The last three outputs are never written, since a line has no farthest point. Traced.
   /// @retval GM_E_PARAM_6  angleDeg outside [0, 360]
   /// @retval GM_E_PARAM_4  a <= 0
   /// @retval GM_E_PARAM_5  b <= 0

@@ -435,10 +435,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// Replaces `defects` by the parts of the contour that stray from its straight sides, found by
   /// ZorFindDefectRegion::Find: `tolerance` and `count` reduce the contour, taken as open, to the
   /// vertices between the sides; a defect is a run of points farther than `distance` from the line
-  /// along its side. A run of k + 1 points counts as k long, and its first k points become a contour;
-  /// k is at least minLength. So for a nick to be found whole the tolerance must exceed its depth,
-  /// and `distance` must not. Traced as "FindDefectRegion", around a nested "LeastSqaureLineFit" a
-  /// side.
+  /// along its side. A run of k + 1 points counts as k long, and its first k points become a
+  /// contour; k is at least minLength. So for a nick to be found whole the tolerance must exceed
+  /// its depth, and `distance` must not. Traced as "FindDefectRegion", around a nested
+  /// "LeastSqaureLineFit" a side.
   /// @retval GM_E_EMPTY_CONTOUR  no points
   /// @retval GM_E_PARAM_1  fewer than 4 points
   /// @retval GM_E_PARAM_2  tolerance <= 0

@@ -1,8 +1,3 @@
-#include <ZorGeometryMeasure.h>
-#include <ZorGeometryMeasureDlg.h>
-#include <gtest/gtest.h>
-#include <tbb/global_control.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -10,8 +5,13 @@
 #include <numbers>
 #include <vector>
 
+#include <gtest/gtest.h>
+#include <tbb/global_control.h>
+
 #include "support/trace_capture.h"
 #include "support/values.h"
+#include <ZorGeometryMeasure.h>
+#include <ZorGeometryMeasureDlg.h>
 
 using zor::test::ExpectNear;
 using zor::test::IsUntouched;
@@ -73,7 +73,8 @@ TEST(RegionPairs, AreasAreThoseOfTheSampledFigures) {
   // Half a disc: the rectangle's left edge runs through the centre.
   EXPECT_EQ(m.CircleRectangularIntersection(centre, 8, corner, 20, 40, 0, nullptr, &area), GM_OK);
   EXPECT_NEAR(area, kPi * 32, kPi * 32 * (Shortfall(10000) + 1e-7));
-  EXPECT_EQ(m.CircleRectangularIntersection(centre, 2000, corner, 20, 40, 0, nullptr, &area), GM_OK);
+  EXPECT_EQ(m.CircleRectangularIntersection(centre, 2000, corner, 20, 40, 0, nullptr, &area),
+            GM_OK);
   EXPECT_NEAR(area, 800, 1e-9);
   ZorPointArray left{{0, 0}, {100, 0}, {100, 200}, {0, 200}};
   EXPECT_EQ(m.PolygonOvalIntersection(left, centre, 8, 4, 0, nullptr, &area), GM_OK);
@@ -84,9 +85,9 @@ TEST(RegionPairs, AreasAreThoseOfTheSampledFigures) {
   EXPECT_EQ(area, 0.0);
   const double endless = std::numeric_limits<double>::infinity();
   EXPECT_EQ(m.PolygonCircleIntersection(left, centre, std::nan(""), nullptr, &area), GM_OK);
-  EXPECT_EQ(m.OvalRectangularIntersection(centre, 5, endless, 0, corner, endless, 1, 0, nullptr,
-                                          nullptr),
-            GM_OK);
+  EXPECT_EQ(
+      m.OvalRectangularIntersection(centre, 5, endless, 0, corner, endless, 1, 0, nullptr, nullptr),
+      GM_OK);
 }
 
 TEST(RegionPairs, RectanglesTurnEachTheirWay) {
