@@ -12,13 +12,16 @@ constexpr std::string_view kClassName = "ZorGeometryMeasure";
 
 }  // namespace
 
-void Trace::RecordStart(Where at) const {
+void Trace::RecordStart(Where at) const noexcept {
   logger_.Log("start", kClassName, operation_, static_cast<int>(at.line()));
 }
 
-void Trace::RecordEnd(Where at) const {
-  logger_.Log(std::string(operation_) + " end", kClassName, operation_,
-              static_cast<int>(at.line()));
+void Trace::RecordEnd(Where at) const noexcept {
+  try {
+    logger_.Log(std::string(operation_) + " end", kClassName, operation_,
+                static_cast<int>(at.line()));
+  } catch (...) {  // no memory for the message: tracing must not change what an operation does
+  }
 }
 
 }  // namespace zor::frame

@@ -9,7 +9,8 @@
 namespace zor::frame {
 
 /// Call record of one operation: "start" where it is built, "<operation> end" where Done() is
-/// returned. A path that leaves otherwise (a failure code, an exception) leaves only "start".
+/// returned. A path that leaves otherwise (a failure code, an exception) leaves only "start". A
+/// record that fails is lost and changes nothing else.
 class Trace {
  public:
   using Where = std::source_location;
@@ -27,8 +28,8 @@ class Trace {
 
  private:
   // Out of line, so that an operation carries no more than the test of the flag.
-  void RecordStart(Where at) const;
-  void RecordEnd(Where at) const;
+  void RecordStart(Where at) const noexcept;
+  void RecordEnd(Where at) const noexcept;
 
   ZORMV::ZorFastLoggerPrivate logger_;
   std::string_view operation_;  // a literal

@@ -1,5 +1,7 @@
 #include <atomic>
 #include <cmath>
+#include <cstdlib>
+#include <new>
 #include <stdexcept>
 #include <thread>
 #include <type_traits>
@@ -18,6 +20,20 @@
 #include <ZorGeometryMeasureDlg.h>
 
 using zor::test::kNaN;
+
+namespace {
+
+thread_local bool is_out_of_memory = false;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  void* memory = is_out_of_memory ? nullptr : std::malloc(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
 
 TEST(Checks, BoundsAreInclusiveAsDocumentedAndLetNaNPass) {
   using namespace zor::frame;  // NOLINT: the predicates under test
@@ -50,6 +66,17 @@ TEST(Trace, ExceptionAndFailureLeaveOnlyTheStart) {
                                 }),
             7);
   EXPECT_EQ(capture.Events(), "+Throws");
+}
+
+TEST(Trace, LosesRecordsForWantOfMemoryAndNothingElse) {
+  const zor::test::TraceCapture capture;
+  ZorPoint out;
+  is_out_of_memory = true;
+  const long status = ZorGeometryMeasure().LinesIntersection({0, 0}, {1, 0}, {2, -1}, {2, 1}, &out);
+  is_out_of_memory = false;
+  EXPECT_EQ(status, GM_OK);
+  EXPECT_EQ(out, ZorPoint(2, 0));
+  EXPECT_EQ(capture.Events(), "");
 }
 
 TEST(Trace, NamesTheLineOfTheCall) {
