@@ -27,7 +27,9 @@ class ZORDATA_EXPORT ZorContour {
   /// Replaces the contour's points by those of the list, in order.
   void FromPointArray(const ZorPointArray& points);
 
-  [[nodiscard]] ZorPointView View() const noexcept { return {points_.data(), points_.size()}; }
+  [[nodiscard]] ZorPointView View() const noexcept {
+    return ZorPointView(points_.data(), points_.size());
+  }
   [[nodiscard]] const ZorPoint* begin() const noexcept { return points_.data(); }
   [[nodiscard]] const ZorPoint* end() const noexcept { return points_.data() + points_.size(); }
 

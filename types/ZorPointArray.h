@@ -23,7 +23,9 @@ class ZORDATA_EXPORT ZorPointArray {
   ~ZorPointArray() = default;
   ZorPointArray(std::initializer_list<ZorPoint> points) : points_(points) {}
   explicit ZorPointArray(std::vector<ZorPoint> points) noexcept : points_(std::move(points)) {}
-  ZorPointArray(const ZorPoint* first, std::size_t count) : points_(first, first + count) {}
+  /// Of points elsewhere. There is no constructor from a pointer and a count: {0, 4}, meant as a
+  /// point, would fit it.
+  explicit ZorPointArray(ZorPointView points) : points_(points.begin(), points.end()) {}
 
   // Deliberate: both assignments return the list by value, as hosts compiled against this interface
   // expect, so each costs a second copy. Assign and Swap replace the content without it.
@@ -62,7 +64,9 @@ class ZORDATA_EXPORT ZorPointArray {
   [[nodiscard]] ZorPoint* end() noexcept { return points_.data() + points_.size(); }
   [[nodiscard]] const ZorPoint* begin() const noexcept { return points_.data(); }
   [[nodiscard]] const ZorPoint* end() const noexcept { return points_.data() + points_.size(); }
-  [[nodiscard]] ZorPointView View() const noexcept { return {points_.data(), points_.size()}; }
+  [[nodiscard]] ZorPointView View() const noexcept {
+    return ZorPointView(points_.data(), points_.size());
+  }
 
   friend bool operator==(const ZorPointArray& a, const ZorPointArray& b) {
     return a.points_ == b.points_;

@@ -14,7 +14,7 @@ class ZorPointView {
   using iterator = const_iterator;
 
   constexpr ZorPointView() noexcept = default;
-  constexpr ZorPointView(const ZorPoint* first, std::size_t count) noexcept
+  constexpr explicit ZorPointView(const ZorPoint* first, std::size_t count) noexcept
       : first_(first), count_(count) {}
 
   [[nodiscard]] constexpr const ZorPoint* data() const noexcept { return first_; }

@@ -71,8 +71,8 @@ void RelateMany(benchmark::State& state, Prepare prepare) {
 void SelectZor(benchmark::State& state) {
   const std::vector<ZorPoint> outline = Polygon(state);
   const std::vector<ZorPoint> scatter = Scatter(kMany, 2);
-  ZorPointArray polygon(outline.data(), outline.size());
-  ZorPointArray points(scatter.data(), scatter.size());
+  ZorPointArray polygon(outline);
+  ZorPointArray points(scatter);
   for (auto _ : state) {
     ZorPointArray selected;
     benchmark::DoNotOptimize(
@@ -100,12 +100,13 @@ auto Walk(std::span<const ZorPoint> polygon) {
 }
 
 auto ThroughClass(std::span<const ZorPoint> polygon) {
-  return [measure = ZorGeometryMeasure(),
-          vertices = ZorPointArray(polygon.data(), polygon.size())](ZorPoint p) mutable {
-    int code = 0;
-    measure.PointToPolygonPosRelation(p, vertices, &code);
-    return code;
-  };
+  return
+      [measure = ZorGeometryMeasure(),
+       vertices = ZorPointArray(ZorPointView(polygon.data(), polygon.size()))](ZorPoint p) mutable {
+        int code = 0;
+        measure.PointToPolygonPosRelation(p, vertices, &code);
+        return code;
+      };
 }
 
 auto Indexed(std::span<const ZorPoint> polygon) {

@@ -45,7 +45,7 @@ std::optional<ZorLine> LineAlong(ZorPointView side, double distance) {
     const std::optional<ZorLine> line = contours::LineOfSameVerdict(side, distance);
     if (line) return line;
   }
-  ZorPointArray points(side.data(), side.size());
+  ZorPointArray points(side);
   ZorLine line;  // a fit that fails leaves both ends equal
   static_cast<void>(
       ZorGeometryMeasure().LeastSqaureLineFit(points, 1, kSideClip, &line.start, &line.end));
@@ -78,7 +78,8 @@ void FindAlong(ZorPointView points, const ZorPointArray& vertices, const Wanted&
     const std::size_t first = anchors[k - 1];
     const std::size_t last = anchors[k];
     if (last <= first) continue;  // nothing lies between
-    AppendDefects({points.data() + first, last - first}, static_cast<int>(first), wanted, runs);
+    const ZorPointView side(points.data() + first, last - first);
+    AppendDefects(side, static_cast<int>(first), wanted, runs);
   }
 }
 

@@ -17,7 +17,7 @@ class FewPoints {
  public:
   void Append(const ZorPoint& p) { points_[count_++] = p; }
   void RemoveLast() { --count_; }
-  [[nodiscard]] ZorPointView View() const { return {points_.data(), count_}; }
+  [[nodiscard]] ZorPointView View() const { return ZorPointView(points_.data(), count_); }
 
  private:
   std::array<ZorPoint, kMost> points_;

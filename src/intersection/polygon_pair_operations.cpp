@@ -56,7 +56,7 @@ ZorPointArray LastEdgeCrossings(const ZorPointArray& p, const ZorPointArray& q) 
 }
 
 ZorPointArray AsArray(std::span<const ZorPoint> points) {
-  return ZorPointArray(points.data(), points.size());
+  return ZorPointArray(ZorPointView(points.data(), points.size()));
 }
 
 }  // namespace

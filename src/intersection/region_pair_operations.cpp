@@ -58,7 +58,7 @@ ZorPointArray EdgeCrossings(ZorGeometryMeasure& measure, ZorPointArray& polygon,
 ZorPointArray Corners(const ZorPoint& centre, double width, double height, double angle_deg) {
   const auto corners =
       elementary::RectangleCorners(elementary::ShapeFrame(centre, angle_deg), width, height);
-  return ZorPointArray(corners.data(), corners.size());
+  return ZorPointArray(ZorPointView(corners.data(), corners.size()));
 }
 
 void Clear(ZorPointArray* points) {

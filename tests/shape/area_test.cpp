@@ -100,7 +100,7 @@ TEST(CalcMoment, OrdersThatAreNotOfferedGiveZero) {
 
 TEST(CalcMoment, AgreesWithSummingSmallPieces) {
   const ZorPoint v[4] = {{1, 2}, {7, 1}, {9, 6}, {4, 3}};
-  const ZorPointArray polygon(v, 4);
+  const ZorPointArray polygon = {v[0], v[1], v[2], v[3]};
   const ZorPointArray reversed = {v[3], v[2], v[1], v[0]};
   for (const int order : {0, 1, 10, 2, 20, 11, 22}) {
     const int p = order / 10, q = order % 10;

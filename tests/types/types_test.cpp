@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <numeric>
 #include <span>
 #include <type_traits>
@@ -38,6 +39,12 @@ TEST(ZorPointArray, EditsInPlace) {
   EXPECT_EQ(selected, ZorPoint(2, 0));
   points.Assign(ZorPointView(points.begin() + 3, 2));  // part of itself
   EXPECT_EQ(points, (ZorPointArray{{1, 0}, {2, 0}}));
+  points.Append({0, 4});  // a point, not four of them at null
+  EXPECT_EQ(points[2], ZorPoint(0, 4));
+  points.Assign({{0, 4}});
+  EXPECT_EQ(points, (ZorPointArray{{0, 4}}));
+  static_assert(!std::is_constructible_v<ZorPointArray, const ZorPoint*, std::size_t>);
+  static_assert(!std::is_convertible_v<ZorPointView, ZorPointArray>);
 }
 
 TEST(ZorPointArray, AssignmentGivesTheListByValue) {
