@@ -38,9 +38,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_PARAM_1  zero denominator
   long LinesIntersection(ZorPoint p1, ZorPoint p2, ZorPoint p3, ZorPoint p4, ZorPoint* out);
 
-  /// Foot of the perpendicular from p on line ab. Traced, around a nested "LinesIntersection". A
-  /// line shorter than about 0.003 counts as parallel to its own perpendicular: the status is then
-  /// GM_OK and `foot` keeps what it held.
+  /// Foot of the perpendicular from p on line ab. Traced, around a nested "LinesIntersection". The
+  /// status is GM_OK and `foot` keeps what it held where that finds none: a line shorter than about
+  /// 0.003 counts as parallel to its own perpendicular, and far enough away (p + ab rounds to p)
+  /// the perpendicular has no second point.
   /// @retval GM_E_DEGENERATE_LINE  ab is degenerate
   /// @retval GM_E_PROJECTION_FAILED  an exception while projecting
   long PerpendicularProjection(ZorPoint p, ZorPoint a, ZorPoint b, ZorPoint* foot);
@@ -85,8 +86,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   /// Turns the triangle (its first three points) rigidly so that its first edge starts at the
   /// segment's first point in the segment's direction, and appends the third vertex, then its
-  /// mirror image in the segment's line. The counts are not checked; `mode` is not used. Always
-  /// GM_OK. Not traced itself (a nested "PerpendicularProjection" is).
+  /// mirror image in the segment's line; in the origin where PerpendicularProjection finds no foot
+  /// (a segment too short). A first edge or a segment of length 0 gives NaN. The counts are not
+  /// checked; `mode` is not used. Always GM_OK. Not traced itself (a nested
+  /// "PerpendicularProjection" is).
   long TrianglePosition(ZorPointArray& triangle, ZorPointArray& segment, int mode,
                         ZorPointArray* out);
 
@@ -142,14 +145,18 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // ==== Angles ==================================================================================
   // As seen on the screen: an angle grows when a direction turns from +x towards -y (upwards).
   // Conversions use pi = 3.141592653, so results differ from exact values by about 2e-8 degrees.
+  // Coordinates that are not numbers give an angle that is not one, unless it stays unwritten.
 
-  /// Direction of p1 -> p2 from +x, in [0, 360): right 0, up 90, left 180, down 270. Leaves "start"
-  /// and, unlike other traced operations, no end record in the four ordinary quadrants; with a
-  /// coordinate that is not a number it leaves the end record, GM_OK, and the angle unwritten.
+  /// Direction of p1 -> p2 from +x: right 0, up 90, left 180, down 270, and on to 360, which it is
+  /// only by rounding, a hair before +x. Leaves "start" and, unlike other traced operations, no end
+  /// record in the four ordinary quadrants; with a coordinate that is not a number it leaves the
+  /// end record, GM_OK, and the angle unwritten.
   /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
   long AngleFromHorizontal(ZorPoint p1, ZorPoint p2, double* angle);
 
-  /// Direction of p1 -> p2 from +y, in [0, 360): down 0, right 90, up 180, left 270. Not traced.
+  /// Direction of p1 -> p2 from +y: down 0, right 90, up 180, left 270, and on to 360, which it is
+  /// only by rounding, a hair before +y. With a coordinate that is not a number it returns GM_OK
+  /// and leaves the angle unwritten. Not traced.
   /// @retval GM_E_DEGENERATE_LINE  p1p2 is degenerate
   long AngleFromVertical(ZorPoint p1, ZorPoint p2, double* angle);
 

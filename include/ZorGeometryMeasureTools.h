@@ -13,8 +13,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
  public:
   ZorGeometryMeasureTools() noexcept = default;
 
-  /// Direction of a vector in degrees in [0, 360), by atan2 in the frame of the coordinates: from
-  /// +x towards +y, which is clockwise on the screen. The zero vector gives 0.
+  /// Direction of a vector in degrees from 0 to below 360, or 360 by rounding a hair before +x, by
+  /// atan2 in the frame of the coordinates: from +x towards +y, which is clockwise on the screen.
+  /// The zero vector gives 0.
   double CalcVectorAngle(ZorPoint& v);
 
   /// Mean of the points; of an empty list, not a number.

@@ -7,7 +7,7 @@ inline constexpr long GM_OK = 0;
 
 inline constexpr long GM_E_EMPTY_IMAGE = 11000001;     ///< image with a width or height below 1
 inline constexpr long GM_E_TOO_FEW_POINTS = 11000010;  ///< fewer points than the operation needs
-inline constexpr long GM_E_FIT_NO_RESULT = 11000013;   ///< a circle-fitting routine gave no result
+inline constexpr long GM_E_FIT_NO_RESULT = 11000013;   ///< a circle fit or spline gave no result
 inline constexpr long GM_E_EMPTY_CONTOUR = 11000020;   ///< contour empty or too short
 
 /// The Gaussian curve fit in closed form was given fewer than 4 points.
@@ -28,7 +28,7 @@ inline constexpr long GM_E_CIRCLE_FIT_FAILED = 20303001;  ///< circle fit unsolv
 inline constexpr long GM_E_COLLINEAR = 20401002;          ///< collinear directions
 inline constexpr long GM_E_PARALLEL = 20401003;           ///< parallel lines
 inline constexpr long GM_E_DEGENERATE_LINE = 20401004;    ///< the two points of a line coincide
-inline constexpr long GM_E_NO_INTERSECTION = 20401005;    ///< the figures do not intersect
+inline constexpr long GM_E_NO_INTERSECTION = 20401005;    ///< coincident figures; no common pixel
 inline constexpr long GM_E_DEGENERATE_RESULT = 20401006;  ///< vanishing result, or nothing found
 inline constexpr long GM_E_PROJECTION_FAILED = 20401007;  ///< exception while projecting a point
 inline constexpr long GM_E_ANGLE_FAILED = 20401009;       ///< exception while computing an angle

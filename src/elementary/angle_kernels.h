@@ -15,14 +15,14 @@
 
 namespace zor::elementary {
 
-/// Direction of p1 -> p2 from +x, in [0, 360); nothing when a coordinate is not a number.
-/// Precondition: the points differ.
+/// Direction of p1 -> p2 from +x, from 0 to below 360, or 360 by rounding a hair before +x; nothing
+/// when a coordinate is not a number. Precondition: the points differ.
 [[nodiscard]] std::optional<double> DirectionFromHorizontal(const ZorPoint& p1, const ZorPoint& p2);
 
-/// Direction of p1 -> p2 from +y (down on the screen), right is 90; nothing as above.
+/// Direction of p1 -> p2 from +y (down on the screen), right is 90; range and nothing as above.
 [[nodiscard]] std::optional<double> DirectionFromVertical(const ZorPoint& p1, const ZorPoint& p2);
 
-/// The turn from direction `from` onto direction `to`, both in [0, 360): in [0, 360), a result
+/// The turn from direction `from` onto direction `to`, both in [0, 360]: in [0, 360), a result
 /// within 1e-6 of 360 becomes 0.
 [[nodiscard]] double TurnBetween(double from_deg, double to_deg);
 
@@ -36,7 +36,8 @@ namespace zor::elementary {
   return angle_deg >= 90 ? 180 - angle_deg : angle_deg;
 }
 
-/// atan2 of the vector in the frame of the coordinates (from +x towards +y), in [0, 360).
+/// atan2 of the vector in the frame of the coordinates (from +x towards +y), in [0, 360), or
+/// 360 by rounding.
 [[nodiscard]] double VectorDirection(const ZorPoint& v);
 
 }  // namespace zor::elementary

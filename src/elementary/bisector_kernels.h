@@ -11,7 +11,7 @@ namespace zor::elementary {
 /// Unit vector at a screen angle in degrees (from +x towards -y), with the ten-digit pi.
 [[nodiscard]] ZorPoint ScreenDirection(double angle_deg);
 
-/// Direction in degrees that halves the smaller angle between two directions in [0, 360).
+/// Direction in degrees that halves the smaller angle between two directions in [0, 360].
 [[nodiscard]] double MiddleDirection(double first_deg, double second_deg);
 
 /// Where the line through `origin` in the unit direction `direction` first and last meets one of

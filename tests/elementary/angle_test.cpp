@@ -48,6 +48,13 @@ TEST(Angles, DirectionsFollowTheScreenAllTheWayRound) {
     EXPECT_NEAR(horizontal, c.horizontal, kPiError);
     EXPECT_NEAR(vertical, c.vertical, kPiError);
   }
+  for (const ZorPoint& to : {ZorPoint(1, 1e-20), ZorPoint(-1e-20, 1)}) {  // rounded onto the seam
+    double angle = kUntouched;
+    EXPECT_EQ(to.x > 0 ? m.AngleFromHorizontal({0, 0}, to, &angle)
+                       : m.AngleFromVertical({0, 0}, to, &angle),
+              GM_OK);
+    EXPECT_EQ(angle, 360.0);
+  }
   double exact = kUntouched;
   m.AngleFromHorizontal({0, 0}, {-1, 0}, &exact);
   EXPECT_EQ(exact, 180.0);
@@ -101,6 +108,8 @@ TEST(Angles, BetweenRaysAndLines) {
   EXPECT_NEAR(angle, 270, kPiError);
   m.AngleFrom3Point(right, o, OnScreen(-1e-7, 1), &angle);  // 1e-7 short of a full turn
   EXPECT_EQ(angle, 0.0);
+  m.AngleFrom3Point(right, o, OnScreen(-2e-6, 1), &angle);
+  EXPECT_NEAR(angle, 360 - 2e-6, kPiError);
 }
 
 TEST(IncludedAngle, FoldsAndChecksTheModeLast) {
