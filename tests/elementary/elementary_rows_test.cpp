@@ -3,6 +3,7 @@
 #include "support/operation_rows.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
+#include <ZorGeometryMeasureTools.h>
 
 using zor::test::Want;
 
@@ -10,7 +11,9 @@ TEST(ElementaryOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
   ZORMV::ZorGeometryMeasureDlg dlg;
   ZorPoint a(0, 0), b(10, 0), p(3, 4), q(3, -4), out1, out2;
-  ZorPointArray points;
+  ZorPointArray points, triangle{a, b, p};
+  ZorROI roi, moved;
+  roi.GenCircle(p, 2);
   double value = 0.0, angle = 30.0;
   zor::test::CheckRows({
       {"PointToPointDistance", "+PointToPointDistance -PointToPointDistance",
@@ -30,6 +33,18 @@ TEST(ElementaryOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
       {"Rad", "", [&](bool w) { return m.Rad(1, Want(w, value)); }},
       {"PointPosition", "",
        [&](bool w) { return m.PointPosition(points, points, 0, Want(w, points)); }},
+      {"AdjustPointArray", "",
+       [&](bool w) { return m.AdjustPointArray(triangle, 1, Want(w, points)); }},
+      {"TrianglePosition",
+       "+PerpendicularProjection +LinesIntersection -LinesIntersection -PerpendicularProjection",
+       [&](bool w) { return m.TrianglePosition(triangle, triangle, 0, Want(w, points)); }},
+      {"TransformPoint", "", [&](bool) { return m.TransformPoint(p, a, 0) == p ? 0 : 1; }},
+      {"FormatResult", "", [&](bool) { return m.FormatResult(p), 0; }},
+      {"FormatPointArray", "", [&](bool) { return m.FormatPointArray(triangle), 0; }},
+      {"FormatPointArray2", "", [&](bool) { return m.FormatPointArray2(triangle), 0; }},
+      {"TransverseROI", "", [&](bool w) { return m.TransverseROI(roi, b, Want(w, moved)), 0; }},
+      {"Tools::CalcVectorAngle", "",
+       [&](bool) { return ZorGeometryMeasureTools().CalcVectorAngle(b) == 0 ? 0 : 1; }},
       {"BissectingLine, 3 points",
        "+AngleFrom3Point +AngleFromHorizontal +AngleFromHorizontal -AngleFrom3Point "
        "+AngleFromHorizontal +LinesIntersection -LinesIntersection",
@@ -38,6 +53,10 @@ TEST(ElementaryOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        "+BissectingLine2 +AngleFromHorizontal +AngleFromHorizontal +LinesIntersection "
        "-LinesIntersection -BissectingLine2",
        [&](bool w) { return m.BissectingLine(a, b, a, p, Want(w, out1), Want(w, out2)); }},
+      {"BissectingLine2",
+       "+BissectingLine2 +AngleFromHorizontal +AngleFromHorizontal +LinesIntersection "
+       "-LinesIntersection -BissectingLine2",
+       [&](bool w) { return m.BissectingLine2(a, b, a, p, Want(w, out1), Want(w, out2)); }},
       {"BissectingVector", "+BissectingVector -BissectingVector",
        [&](bool w) { return m.BissectingVector(b, p, Want(w, out1)); }},
       {"MidLine", "+MidLine -MidLine",

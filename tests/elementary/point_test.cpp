@@ -140,6 +140,19 @@ TEST(TrianglePosition, CarriesTheThirdVertexAndMirrorsIt) {
   ExpectNear(out[2], {12, 11}, 1e-12);
   ZorPointArray nothing;
   EXPECT_EQ(ZorGeometryMeasure().TrianglePosition(nothing, nothing, 0, &out), GM_OK);
+  EXPECT_TRUE(std::isnan(out[3].x));
+  for (const double length : {0.002, 0.0004}) {  // no foot: mirrored in the origin
+    ZorPointArray tiny{{10, 10}, {10, 10 + length}}, mirrored;
+    EXPECT_EQ(ZorGeometryMeasure().TrianglePosition(triangle, tiny, 0, &mirrored), GM_OK);
+    ExpectNear(mirrored[0], {8, 11}, 1e-9);
+    EXPECT_EQ(mirrored[1], ZorPoint() - mirrored[0]);
+  }
+}
+
+TEST(PointPosition, LeavesTheOutputAlone) {
+  ZorPointArray first{{1, 2}}, second{{3, 4}}, out{{7, 7}};
+  EXPECT_EQ(ZorGeometryMeasure().PointPosition(first, second, 1, &out), GM_OK);
+  EXPECT_EQ(out, (ZorPointArray{{7, 7}}));
 }
 
 TEST(TransverseROI, MovesARectangleInPlaceAndOthersIntoTheOutput) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 #include <string>
 #include <vector>
@@ -76,6 +77,33 @@ TEST(AreaMeasure, CountsOnlyFullWhiteInModeOne) {
   EXPECT_TRUE(count.x.Empty() && count.y.Empty());
   EXPECT_EQ(Areas(ZorImage(4, 4), 1).areas, ZorVarArray{0});
   EXPECT_EQ(Areas(ZorImage(4, 4), 0).areas.Length(), 0);
+}
+
+TEST(AreaMeasure, TakesEveryKindOfImage) {
+  const ZorImage plain = Drawn(kBlobs);
+  const int width = plain.Width(), height = plain.Height(), stride = width + 5;
+  std::vector<unsigned char> top_down(static_cast<std::size_t>(stride * height), 255), bottom_up;
+  bottom_up = top_down;
+  ZorImage colour(width, height, 3);
+  ZorImage strided = ZorImage::Wrap(top_down.data(), width, height, stride);
+  ZorImage reversed =
+      ZorImage::Wrap(bottom_up.data() + stride * (height - 1), width, height, -stride);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      strided.Row(y)[x] = reversed.Row(y)[x] = plain.Row(y)[x];
+      std::fill_n(colour.Row(y) + 3 * x, 3, plain.Row(y)[x]);
+    }
+  }
+  const Areas expected(plain, 0);
+  for (const ZorImage& image : {colour, strided, reversed}) {
+    const Areas blobs(image, 0);
+    EXPECT_TRUE(blobs.areas == expected.areas && blobs.x == expected.x && blobs.y == expected.y);
+    EXPECT_EQ(Areas(image, 1).areas, ZorVarArray{29});
+  }
+  const Areas line(Drawn({"#", ".", "#", "#"}), 0);
+  EXPECT_EQ(line.areas, (ZorVarArray{0, 0}));
+  EXPECT_EQ(line.y[0].D() + line.y[1].D(), 0 + 3);  // 2.5 away from zero
+  EXPECT_EQ(Areas(Drawn({"#", ".", "#", "#"}), 1).areas, ZorVarArray{3});
 }
 
 TEST(AreaMeasure, ClearsItsListsWhateverFollows) {
