@@ -1291,6 +1291,38 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long ContourScaling_Closed(ZorContour& contour, double distance, ZorContour* result);
 
   // ==== Convex points, curvature, search lines ==================================================
+  // A point's neighbours are as many points before and behind it as given; at least 1, and so few
+  // that no point is on both sides. The contours are closed and may run either way.
+
+  /// Replaces `convex` by the points where the contour bulges outwards most: where the curvature of
+  /// ZorGeometryMeasureTools::GetCurvatures, taken as positive towards the outside, is at least
+  /// `curvature` (1 / pixel), greater than at all neighbours before and no less than at all behind.
+  /// In the order of the contour; none is no failure. Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  /// @retval GM_E_PARAM_2  neighbours < 1, or 2 * neighbours >= number of points
+  /// @retval GM_E_PARAM_3  curvature < 0
+  long FindConvexPoint(ZorContour& contour, int neighbours, double curvature,
+                       ZorPointArray* convex);
+
+  /// The same by the height in pixels of each point over the chord between its outermost
+  /// neighbours, at least `height`. Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  /// @retval GM_E_PARAM_2  neighbours < 1, or 2 * neighbours >= number of points
+  /// @retval GM_E_PARAM_3  height < 0
+  long FindConvexPoint2(ZorContour& contour, int neighbours, double height, ZorPointArray* convex);
+
+  /// Replaces `indices` by the places, ascending, of the local minima (mode 0) or maxima (mode 1)
+  /// of a list: values beyond all their neighbours before and not surpassed by those behind, so
+  /// that of equal ones the first counts. A closed list goes on at its other end, an open one ends.
+  /// A value that is not a number counts for nothing, and values that are all equal have no
+  /// extremum. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 values
+  /// @retval GM_E_PARAM_2  mode is not 0 or 1
+  /// @retval GM_E_PARAM_3  neighbours < 1, or 2 * neighbours >= number of values
+  long FindExtremeValue(ZorVarArray& values, int mode, int neighbours, bool closed,
+                        ZorVarArray* indices);
 
   // ==== Images ==================================================================================
   // Three channels are taken as blue, green, red and turned into grey. An empty image has no

@@ -449,6 +449,21 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   long FindDefectRegion(ZorContour& contour, double tolerance, int count, double distance,
                         int minLength, ZorContourArray* defects);
 
+  /// Appends to `lines` search lines (line ROIs) across the band that the contour encloses,
+  /// `spacing` pixels apart along its centre line: from the outline on the left of the way along
+  /// it, seen on the screen, to that on its right. The centre line is the longest way through the
+  /// band's skeleton, carried on to the band's ends; its way starts at the end that is higher up.
+  /// What is left over of its length is shared between both ends; one shorter than the spacing gets
+  /// a line in its middle. Branches get no lines, and a centre line that closes is not followed all
+  /// the way round. Traced as "ContourSearchLine", around "Get_Search_Line_for_Contour".
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  /// @retval GM_E_PARAM_2  spacing < 1
+  /// @retval GM_E_PARAM_1  a coordinate is not a number or beyond 1048576, or the contour covers
+  ///                       more than 2^28 pixels
+  /// @retval GM_E_DEGENERATE_RESULT  the contour encloses nothing that has a centre line
+  long ContourSearchLine(ZorContour& contour, int spacing, ZorROIArray* lines);
+
   // ==== Images ==================================================================================
 
   long localminima(ZorImage image, int threshold, int radius, ZorPointArray* output);

@@ -54,6 +54,31 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureTools {
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 vertices
   long ReorganizePolygon(ZorPointArray& polygon);
 
+  // ==== Curvature ===============================================================================
+
+  /// Unsigned distance of a point from a line. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  the line's points lie within 0.0005 of each other (inclusive)
+  long PointTolineDistance(ZorPoint& point, ZorLine& line, double* distance);
+
+  /// Curvature of the circle through three points, one over its radius in pixels: positive where
+  /// the way turns from +x towards +y (clockwise on the screen), 0 for points in line. Traced.
+  /// @retval GM_E_DEGENERATE_LINE  two of the points lie within 0.0005 of each other (inclusive)
+  long GetCurvature(ZorPoint& before, ZorPoint& point, ZorPoint& behind, double* curvature);
+
+  /// Replaces `curvatures` by that of every point, by GetCurvature from it and the points
+  /// `neighbours` before and behind: the more, the smoother. 0 where two of the three coincide. A
+  /// closed contour goes on at its other end; of an open one the first and last points take the
+  /// value of the nearest point that has both neighbours. Traced.
+  /// @retval GM_E_EMPTY_CONTOUR  no points
+  /// @retval GM_E_PARAM_1  fewer than 3 points
+  /// @retval GM_E_PARAM_2  neighbours < 1, or 2 * neighbours >= number of points
+  long GetCurvatures(ZorContour& contour, int neighbours, bool closed, ZorVarArray* curvatures);
+
+  /// The point that bulges most from a line, and its distance; the earliest of several. Traced.
+  /// @retval GM_E_TOO_FEW_POINTS  no points
+  /// @retval GM_E_DEGENERATE_LINE  the line's points lie within 0.0005 of each other (inclusive)
+  long FindConvexPoint(ZorPointArray& points, ZorLine& line, ZorPoint* convex, double* distance);
+
   // ==== Defects =================================================================================
 
   /// Finds nothing; ZorFindDefectRegion and the facade's FindDefectRegion do. Reseeds `rand` as

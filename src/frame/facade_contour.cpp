@@ -4,6 +4,7 @@
 #include "ZorFindDefectRegion.h"
 #include "ZorGeometryMeasureDlg.h"
 #include "ZorGeometryMeasureTools.h"
+#include "contour/search_line_operations.h"
 #include "frame/checks.h"
 #include "frame/trace.h"
 
@@ -46,6 +47,19 @@ long ZorGeometryMeasureDlg::FindDefectRegion(ZorContour& contour, double toleran
       const ZorPoint* first = points.begin() + start;
       defects->Append(ZorContour(std::vector<ZorPoint>(first, first + length)));
     }
+  }
+  return trace.Done();
+}
+
+long ZorGeometryMeasureDlg::ContourSearchLine(ZorContour& contour, int spacing,
+                                              ZorROIArray* lines) {
+  Trace trace("ContourSearchLine");
+  if (contour.Empty()) return GM_E_EMPTY_CONTOUR;
+  if (contour.Length() < 3) return InvalidArgument(1);
+  if (spacing < 1) return InvalidArgument(2);
+  const ZorContourArray contours = {contour};
+  if (const long status = zor::contour::GetSearchLines(contours, spacing, lines); status != GM_OK) {
+    return status;
   }
   return trace.Done();
 }
