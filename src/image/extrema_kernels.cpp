@@ -138,20 +138,35 @@ void MarkCandidates(const Field& field, int y, unsigned char limit, const Count*
   }
 }
 
-/// The first marked column from x on, or the end.
-std::size_t NextMark(const std::vector<unsigned char>& marks, std::size_t x) {
-  std::uint64_t eight = 0;
-  for (; x + sizeof(eight) <= marks.size(); x += sizeof(eight)) {
-    std::memcpy(&eight, marks.data() + x, sizeof(eight));
-    if (eight == 0) continue;
-    if constexpr (std::endian::native == std::endian::little) {
-      return x + static_cast<std::size_t>(std::countr_zero(eight)) / 8;
+/// The marked columns of a row, ascending. Always writes a few numbers more than it keeps: without
+/// a branch a mark there is nothing to predict wrongly.
+class MarkedColumns {
+ public:
+  explicit MarkedColumns(std::size_t columns) : columns_(columns + kAtOnce) {}
+
+  std::span<const std::uint32_t> Of(const std::vector<unsigned char>& marks) {
+    std::size_t count = 0;
+    std::size_t x = 0;
+    for (; x + kAtOnce <= marks.size(); x += kAtOnce) {
+      std::uint64_t eight = 0;
+      std::memcpy(&eight, marks.data() + x, sizeof(eight));
+      if (eight == 0) continue;
+      for (std::size_t k = 0; k < kAtOnce; ++k) Put(x + k, marks[x + k], count);
     }
-    break;
+    for (; x < marks.size(); ++x) Put(x, marks[x], count);
+    return std::span(columns_).first(count);
   }
-  while (x < marks.size() && marks[x] == 0) ++x;
-  return x;
-}
+
+ private:
+  static constexpr std::size_t kAtOnce = 8;
+
+  void Put(std::size_t x, unsigned char mark, std::size_t& count) {
+    columns_[count] = static_cast<std::uint32_t>(x);
+    count += mark;
+  }
+
+  std::vector<std::uint32_t> columns_;
+};
 
 template <Extremum which, typename Count>
 std::vector<ZorPoint> Scan(const Field& field, const std::optional<KnownRanks>& known,
@@ -159,19 +174,19 @@ std::vector<ZorPoint> Scan(const Field& field, const std::optional<KnownRanks>& 
   std::vector<ZorPoint> found;
   BlockedColumns<Count> blocked(field.Columns(), radius);
   std::vector<unsigned char> marks(field.Columns());
+  MarkedColumns marked(field.Columns());
   for (int y = 0; y < field.height(); ++y) {
     blocked.StartRow();
     MarkCandidates<which>(field, y, limit, blocked.RowsLeft(), marks);
     const std::uint16_t* known_row = known ? known->ResultRow(y) : nullptr;
-    for (std::size_t x = NextMark(marks, 0); x < marks.size();) {
+    std::size_t free_from = 0;  // columns before it are blocked by what was found in this row
+    for (const std::size_t x : marked.Of(marks)) {
+      if (x < free_from) continue;
       // What was found that near is of this very value, both being the extreme of a window that
       // holds the other; a known position may hold a less extreme one.
-      if (known_row != nullptr && known_row[x] == field.Rank(static_cast<int>(x), y)) {
-        x = NextMark(marks, x + 1);
-        continue;
-      }
+      if (known_row != nullptr && known_row[x] == field.Rank(static_cast<int>(x), y)) continue;
       found.emplace_back(static_cast<double>(x + 1), y + 1.0);
-      x = NextMark(marks, blocked.Block(x));
+      free_from = blocked.Block(x);
     }
   }
   return found;
