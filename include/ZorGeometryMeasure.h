@@ -1180,9 +1180,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// same perimeter. Mode 1: 1 less the root mean square of the distances from the fitted circle
   /// (FitCircle) over its radius. Mode 2: area over that of the fitted circle. Mode 3: area over
   /// that of the circle about PolygonCenter through the farthest point. A ratio v rates as
-  /// 1 - |1 - v|; ratings below 0 are 0, as where no circle fits. Not a number where a mode divides
-  /// 0 by 0, as modes 0 and 3 do for points that all coincide. Not traced itself; a nested
-  /// "PolygonCenter" in mode 3 is.
+  /// 1 - |1 - v|; ratings below 0 are 0. Where no circle fits, mode 1 rates 0. Not a number where a
+  /// mode divides 0 by 0: any may for points that all coincide, and mode 2 does for points in line.
+  /// Not traced itself; a nested "PolygonCenter" in mode 3 is.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 10 points
   /// @retval GM_E_PARAM_2  mode outside 0 .. 3
   long Roundness(ZorPointArray& points, int mode, double* roundness);
@@ -1283,9 +1283,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long ContourScaling3(ZorContour& contour, double distance, ZorContour* result);
 
   /// Offsets a closed contour: outwards by a positive distance, inwards by a negative one, wherever
-  /// the contour starts and whichever way it runs. Which side is outside is tried at the first
-  /// point. Points, codes and records otherwise as ContourScaling3, the neighbours taken
-  /// cyclically.
+  /// the contour starts and whichever way it runs. Along a spike that is one pixel wide and longer
+  /// than the five neighbours on either side the normals may change sides, and with them the part
+  /// of the contour up to the start. Points, codes and records otherwise as ContourScaling3, the
+  /// neighbours taken cyclically.
   /// @retval GM_E_EMPTY_CONTOUR  no points
   /// @retval GM_E_PARAM_1  fewer than 3 points
   long ContourScaling_Closed(ZorContour& contour, double distance, ZorContour* result);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "elementary/area_kernels.h"
 #include "elementary/lanes.h"
 #include "elementary/point_kernels.h"
 #include "elementary/polygon_kernels.h"
@@ -17,7 +18,8 @@ using elementary::Root;
 /// Below this share of its two factors a determinant is made of rounding.
 constexpr double kSingular = 1e-12;
 
-/// How far from the first point its side is tried; pixels.
+/// How far from the first point its side is tried, where the contour as a whole does not tell;
+/// pixels.
 constexpr double kTrial = 0.5;
 
 /// Windows side by side that are worked out together: they share all but kGroup - 1 points.
@@ -216,17 +218,32 @@ std::vector<ZorPoint> OffsetOpen(std::span<const ZorPoint> points, double distan
   return normals;
 }
 
+namespace {
+
+/// Whether the aligned normals of a closed contour point to its inside, on the whole. One point
+/// does not tell: beside a burr or in a slot what lies half a pixel off it may be the other side.
+bool PointInwards(std::span<const ZorPoint> points, std::span<const ZorPoint> normals) {
+  const std::size_t n = points.size();
+  double turn = 0.0;  // positive: the normals lie where +y does, seen along +x
+  for (std::size_t i = 0; i < n; ++i) {
+    const ZorPoint& before = points[i > 0 ? i - 1 : n - 1];
+    const ZorPoint& behind = points[i + 1 < n ? i + 1 : 0];
+    turn += elementary::Cross(behind - before, normals[i]);
+  }
+  const double area = elementary::SignedArea(points);
+  if (turn != 0 && area != 0 && !std::isnan(turn) && !std::isnan(area)) {
+    return (turn > 0) == (area > 0);
+  }
+  return elementary::PolygonRelation(MovedPoint(points[0], normals[0], kTrial), points) < 0;
+}
+
+}  // namespace
+
 std::vector<ZorPoint> OffsetClosed(std::span<const ZorPoint> points, double distance) {
   std::vector<ZorPoint> normals = ClosedNormals(points);
   // Before the side is decided: aligning may turn the first normal round.
   AlignClosed(normals);
-  // Deliberate: tried no further than kTrial. All the way, a wide offset of a thin wall or into a
-  // narrow slot would come out on the other side of it, and from such starting points the whole
-  // contour would move the wrong way.
-  const double reach = std::clamp(distance, -kTrial, kTrial);
-  const ZorPoint trial = MovedPoint(points[0], normals[0], reach);
-  const bool is_wrong_side = elementary::PolygonRelation(trial, points) * distance < 0;
-  MoveInto(normals, points, is_wrong_side ? -distance : distance);
+  MoveInto(normals, points, PointInwards(points, normals) ? -distance : distance);
   return normals;
 }
 

@@ -87,8 +87,8 @@ class Reduction {
   void Push(std::size_t first, std::size_t last) {
     if (last - first < 2) return;
     const Chord chord(points_[first], points_[last]);
-    Stretch s{first, last, first + 1, chord.Deviation2(points_[first + 1])};
-    for (std::size_t i = first + 2; i < last; ++i) {
+    Stretch s{first, last, first + 1, 0.0};  // what is not a number deviates from nothing
+    for (std::size_t i = first + 1; i < last; ++i) {
       const double deviation2 = chord.Deviation2(points_[i]);
       if (deviation2 > s.deviation2) {
         s.deviation2 = deviation2;

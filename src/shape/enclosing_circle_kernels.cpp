@@ -85,6 +85,16 @@ FloatCircle GrowCircle(const std::vector<cv::Point2f>& points) {
   }
 }
 
+/// The routine takes repeated points and points in line for a circle at times that misses others by
+/// pixels. Grown from the extreme points, it does not meet them.
+FloatCircle CircleAboutFew(const std::vector<cv::Point2f>& points) {
+  const FloatCircle circle = CircleAbout(points);
+  const float distance =
+      static_cast<float>(cv::norm(points[FarthestFrom(circle.centre, points)] - circle.centre));
+  constexpr float kRounding = 1e-4F;  // of the radius, and in pixels
+  return distance > circle.radius * (1 + kRounding) + kRounding ? GrowCircle(points) : circle;
+}
+
 }  // namespace
 
 Circle SmallestEnclosingCircle(std::span<const ZorPoint> points) {
@@ -93,7 +103,7 @@ Circle SmallestEnclosingCircle(std::span<const ZorPoint> points) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     return {{kNaN, kNaN}, kNaN};
   }
-  const FloatCircle circle = given.size() <= kFew ? CircleAbout(given) : GrowCircle(given);
+  const FloatCircle circle = given.size() <= kFew ? CircleAboutFew(given) : GrowCircle(given);
   return {frame::FromFloatPoint(circle.centre), static_cast<double>(circle.radius)};
 }
 

@@ -62,7 +62,7 @@ long ZorGeometryMeasure::Roundness(ZorPointArray& points, int mode, double* roun
   if (!IsMode(mode, 3)) return InvalidArgument(2);
   const double area = mode == 1 ? 0.0 : std::fabs(elementary::SignedArea(points.View()));
   ZorPoint centre;
-  double radius = 0.0;  // stays where no circle fits, and rates as 0 then
+  double radius = 0.0;  // stays where no circle fits
   if (mode == 1 || mode == 2) static_cast<void>(FitCircle(points, &centre, &radius));
   switch (mode) {
     case 0: {

@@ -109,6 +109,26 @@ TEST(ContourScalingClosed, WiderThanTheSlotThatItStartsIn) {
   }
 }
 
+TEST(ContourScalingClosed, ABurrDoesNotTurnTheOutline) {
+  // As a traced picture has it: up and down again on the same pixels.
+  for (int height = 1; height <= 4; ++height) {
+    std::vector<ZorPoint> disc;
+    for (int y = -height; y < 0; ++y) disc.emplace_back(0, y - 40);
+    for (int i = 0; i < 240; ++i) {
+      const double t = (i - 60) * std::numbers::pi / 120;
+      disc.emplace_back(40 * std::cos(t), 40 * std::sin(t));
+    }
+    disc.emplace_back(0, -40);
+    for (int y = -1; y > -height; --y) disc.emplace_back(0, y - 40);
+    for (const double distance : {5.0, -5.0}) {
+      ForEveryStart(disc, distance, [distance](const ZorPoint& p, const ZorPoint& moved) {
+        if (p.y < 0) return;
+        EXPECT_NEAR(std::hypot(moved.x, moved.y), 40 + distance, 0.01);
+      });
+    }
+  }
+}
+
 TEST(ContourScaling3, SidesOfAnExactParabola) {
   // Of points on a parabola the fit is exact, so the normals are, at the shared end windows too.
   std::mt19937_64 rng(20240607);

@@ -126,6 +126,10 @@ TEST(Polygons, CodesInOrder) {
       EXPECT_EQ(tools.ReorganizePolygon(points), c.reorganized);
     }
   }
+  // What is not a number hides no corner.
+  ZorPointArray bent = {{0, 0}, {kNaN, kNaN}, {5, 9}, {10, 0}}, polygon;
+  EXPECT_EQ(tools.GetPolygon2(bent, 1, 0, false, &polygon), GM_OK);
+  EXPECT_EQ(polygon, (ZorPointArray{{0, 0}, {5, 9}, {10, 0}}));
 }
 
 TEST(ReorganizePolygon, EqualOutlinesBecomeEqualLists) {
