@@ -6,7 +6,7 @@
 #include <benchmark/benchmark.h>
 #include <geos_c.h>
 
-#include "shape_outlines.h"
+#include "outlines.h"
 #include <ZorGeometryMeasure.h>
 
 // The largest circle in polygons of 1 000 vertices. GEOS searches down to a tolerance, given here

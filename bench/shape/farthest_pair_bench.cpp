@@ -7,7 +7,7 @@
 #include <benchmark/benchmark.h>
 #include <opencv2/imgproc.hpp>
 
-#include "shape_outlines.h"
+#include "outlines.h"
 #include <ZorGeometryMeasure.h>
 
 // The farthest pair of a cloud (few points on its hull), of an outline with ripples and noise, and

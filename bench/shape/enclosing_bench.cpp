@@ -10,7 +10,7 @@
 #include <benchmark/benchmark.h>
 #include <opencv2/imgproc.hpp>
 
-#include "shape_outlines.h"
+#include "outlines.h"
 #include <ZorGeometryMeasure.h>
 
 // Smallest rectangle and smallest circle about a cloud, an ordered outline with ripples and noise,

@@ -8,7 +8,7 @@
 #include <opencv2/imgproc.hpp>
 #include <polyclipping/clipper.hpp>
 
-#include "shape_outlines.h"
+#include "outlines.h"
 #include <ZorGeometryMeasure.h>
 
 // Area, centroid and moments of a polygon, each peer on points of its own kind.
