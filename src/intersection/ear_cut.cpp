@@ -14,21 +14,25 @@ using elementary::TriangleCross;
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-/// Vertices in square cells; those that are no longer of interest stay and are skipped by the user.
+/// Vertices in cells, about as many as there are vertices and about square; those that are no
+/// longer of interest stay and are skipped by the user.
 class VertexGrid {
  public:
+  /// Precondition: at least one member.
   VertexGrid(std::span<const ZorPoint> vertices, const std::vector<std::size_t>& members)
-      : next_(vertices.size(), kNone) {
-    low_ = vertices[0];
-    high_ = vertices[0];
-    for (const ZorPoint& p : vertices) {
+      : low_(vertices[members[0]]), high_(low_), next_(vertices.size(), kNone) {
+    for (const std::size_t i : members) {
+      const ZorPoint& p = vertices[i];
       low_ = ZorPoint(std::min(low_.x, p.x), std::min(low_.y, p.y));
       high_ = ZorPoint(std::max(high_.x, p.x), std::max(high_.y, p.y));
     }
-    side_ = static_cast<std::size_t>(std::sqrt(static_cast<double>(members.size()))) + 1;
-    heads_.assign(side_ * side_, kNone);
+    const double count = static_cast<double>(members.size());
+    const double columns = std::sqrt(count * ((high_.x - low_.x) / (high_.y - low_.y)));
+    columns_ = columns < count ? static_cast<std::size_t>(std::max(columns, 1.0)) : members.size();
+    rows_ = members.size() / columns_ + 1;
+    heads_.assign(columns_ * rows_, kNone);
     for (const std::size_t i : members) {
-      std::size_t& head = heads_[Row(vertices[i].y) * side_ + Column(vertices[i].x)];
+      std::size_t& head = heads_[Row(vertices[i].y) * columns_ + Column(vertices[i].x)];
       next_[i] = head;
       head = i;
     }
@@ -37,11 +41,12 @@ class VertexGrid {
   /// Calls `visit` with the members in the cells of a box until it returns true; whether it did.
   template <typename Visit>
   bool AnyIn(const ZorPoint& low, const ZorPoint& high, Visit&& visit) const {
+    if (high.x < low_.x || low.x > high_.x || high.y < low_.y || low.y > high_.y) return false;
     const std::size_t last_column = Column(high.x);
     const std::size_t last_row = Row(high.y);
     for (std::size_t row = Row(low.y); row <= last_row; ++row) {
       for (std::size_t column = Column(low.x); column <= last_column; ++column) {
-        for (std::size_t i = heads_[row * side_ + column]; i != kNone; i = next_[i]) {
+        for (std::size_t i = heads_[row * columns_ + column]; i != kNone; i = next_[i]) {
           if (visit(i)) return true;
         }
       }
@@ -50,18 +55,19 @@ class VertexGrid {
   }
 
  private:
-  [[nodiscard]] std::size_t Cell(double value, double low, double high) const {
+  [[nodiscard]] static std::size_t Cell(double value, double low, double high, std::size_t count) {
     const double share = (value - low) / (high - low);
     if (!(share > 0)) return 0;  // also without extent, and for what is no number
-    const double last = static_cast<double>(side_ - 1);
-    return static_cast<std::size_t>(std::min(share * static_cast<double>(side_), last));
+    const double last = static_cast<double>(count - 1);
+    return static_cast<std::size_t>(std::min(share * static_cast<double>(count), last));
   }
-  [[nodiscard]] std::size_t Column(double x) const { return Cell(x, low_.x, high_.x); }
-  [[nodiscard]] std::size_t Row(double y) const { return Cell(y, low_.y, high_.y); }
+  [[nodiscard]] std::size_t Column(double x) const { return Cell(x, low_.x, high_.x, columns_); }
+  [[nodiscard]] std::size_t Row(double y) const { return Cell(y, low_.y, high_.y, rows_); }
 
-  ZorPoint low_;
+  ZorPoint low_;  // of the members
   ZorPoint high_;
-  std::size_t side_ = 1;
+  std::size_t columns_ = 1;
+  std::size_t rows_ = 1;
   std::vector<std::size_t> heads_;
   std::vector<std::size_t> next_;
 };
