@@ -1,7 +1,8 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -30,33 +31,24 @@ struct Outcome {
   [[nodiscard]] bool IsWritten() const { return !IsUntouched(centre) && !IsUntouched(radius); }
 };
 
-Outcome Plain(ZorPointArray points) {
+template <typename Method, typename... Args>
+Outcome Call(Method method, ZorPointArray points, Args... args) {
   Outcome out{};
-  out.status = ZorGeometryMeasure().FitCircle(points, &out.centre, &out.radius);
+  out.status = (ZorGeometryMeasure().*method)(points, args..., &out.centre, &out.radius);
   return out;
 }
-Outcome Squares(ZorPointArray points, int iterations, double clip) {
-  Outcome out{};
-  out.status =
-      ZorGeometryMeasure().LeastSqaureCircleFit(points, iterations, clip, &out.centre, &out.radius);
-  return out;
+Outcome Plain(const ZorPointArray& points) { return Call(&ZorGeometryMeasure::FitCircle, points); }
+Outcome Squares(const ZorPointArray& points, int iterations, double clip) {
+  return Call(&ZorGeometryMeasure::LeastSqaureCircleFit, points, iterations, clip);
 }
-Outcome Absolute(ZorPointArray points, int iterations, double clip) {
-  Outcome out{};
-  out.status = ZorGeometryMeasure().LeastAbsoluteCircleFit(points, iterations, clip, &out.centre,
-                                                           &out.radius);
-  return out;
+Outcome Absolute(const ZorPointArray& points, int iterations, double clip) {
+  return Call(&ZorGeometryMeasure::LeastAbsoluteCircleFit, points, iterations, clip);
 }
-Outcome Pairs(ZorPointArray points, ZorVarArray angles) {
-  Outcome out{};
-  out.status =
-      ZorGeometryMeasure().PointAnglePairsCircleFit(points, angles, &out.centre, &out.radius);
-  return out;
+Outcome Pairs(const ZorPointArray& points, const ZorVarArray& angles) {
+  return Call(&ZorGeometryMeasure::PointAnglePairsCircleFit, points, angles);
 }
-Outcome Bisectors(ZorPointArray points) {
-  Outcome out{};
-  out.status = ZorGeometryMeasure().VerticalBisectorCircleFit(points, &out.centre, &out.radius);
-  return out;
+Outcome Bisectors(const ZorPointArray& points) {
+  return Call(&ZorGeometryMeasure::VerticalBisectorCircleFit, points);
 }
 
 ZorPointArray Arc(const ZorPoint& centre, double radius, int n) {
@@ -67,61 +59,36 @@ ZorPointArray Arc(const ZorPoint& centre, double radius, int n) {
   return points;
 }
 
-MatrixFit CircleByMatrices(const ZorPointArray& points, double clip) {
-  MatrixFit fit;
-  fit.a = cv::Mat::ones(points.Length(), 3, CV_64F);
-  fit.b = cv::Mat(points.Length(), 1, CV_64F);
-  for (int i = 0; i < points.Length(); ++i) {
-    const ZorPoint p = points[i];
-    fit.a.at<double>(i, 0) = p.x;
-    fit.a.at<double>(i, 1) = p.y;
-    fit.b.at<double>(i) = -(p.x * p.x + p.y * p.y);
-  }
-  fit.inner_passes = 10;
-  fit.solve = cv::DECOMP_QR;
-  fit.least_weights = 3;
-  fit.clip = [clip](const std::vector<double>&) { return clip; };
-  fit.errors = [points](const cv::Mat& c) {
-    const ZorPoint centre(-c.at<double>(0) / 2, -c.at<double>(1) / 2);
-    const double r = std::sqrt(centre.x * centre.x + centre.y * centre.y - c.at<double>(2));
-    std::vector<double> errors;
-    for (const ZorPoint& p : points) errors.push_back(std::fabs(Distance(p, centre) - r));
-    return errors;
-  };
-  return fit;
+std::pair<ZorPoint, double> CircleOfModel(const cv::Mat& c) {
+  const ZorPoint m(-c.at<double>(0) / 2, -c.at<double>(1) / 2);
+  return {m, std::sqrt(m.x * m.x + m.y * m.y - c.at<double>(2))};
 }
 
-/// One triple or a whole set: the sum of the distances from the circle.
 double Misfit(const std::vector<ZorPoint>& points, const ZorPoint& centre, double radius) {
   double sum = 0;
   for (const ZorPoint& p : points) sum += std::fabs(Distance(p, centre) - radius);
   return sum;
 }
 
-/// The circle of three points as it stands, with both senses tried for every call.
-std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p,
-                                           const std::vector<double>& t) {
-  std::array<std::pair<ZorPoint, float>, 2> senses;
-  std::array<double, 2> misfits{};
-  for (const std::size_t sense : {0U, 1U}) {
-    const double sign = sense == 0 ? 1 : -1;
-    const double delta = (sign * t[1] - sign * t[0]) * 3.1415926 / 180;
+/// The centre of rotation and the radius by three points, both senses tried.
+std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p, double turn_deg) {
+  std::pair<ZorPoint, float> best;
+  double least = kInfinity;
+  for (const double delta : {turn_deg * 3.1415926 / 180, -turn_deg * 3.1415926 / 180}) {
     const double co = std::cos(delta), si = std::sin(delta);
-    const cv::Mat matrix = cv::Mat(cv::Mat_<double>({2, 2}, {1 - co, si, -si, 1 - co}));
-    const cv::Mat right = cv::Mat(cv::Mat_<double>(
-        {2, 1}, {p[1].x - co * p[0].x + si * p[0].y, p[1].y - si * p[0].x - co * p[0].y}));
-    cv::Mat matrix_f, right_f, centre_f;
-    matrix.convertTo(matrix_f, CV_32F);
-    right.convertTo(right_f, CV_32F);
-    cv::solve(matrix_f, right_f, centre_f, cv::DECOMP_SVD);
-    const ZorPoint centre(double(centre_f.at<float>(0)), double(centre_f.at<float>(1)));
-    double sum = 0;
-    for (const ZorPoint& q : p) sum += Distance(q, centre);
-    const float radius = float(sum / double(p.size()));
-    senses[sense] = {centre, radius};
-    misfits[sense] = Misfit(p, centre, double(radius));
+    cv::Mat matrix, right, c;
+    cv::Mat(cv::Matx22d(1 - co, si, -si, 1 - co)).convertTo(matrix, CV_32F);
+    cv::Mat(cv::Vec2d(p[1].x - co * p[0].x + si * p[0].y, p[1].y - si * p[0].x - co * p[0].y))
+        .convertTo(right, CV_32F);
+    cv::solve(matrix, right, c, cv::DECOMP_SVD);
+    const ZorPoint centre(double(c.at<float>(0)), double(c.at<float>(1)));
+    const float radius =
+        float((Distance(p[0], centre) + Distance(p[1], centre) + Distance(p[2], centre)) / 3);
+    const double misfit = Misfit(p, centre, double(radius));
+    if (misfit < least) best = {centre, radius};
+    least = std::min(least, misfit);
   }
-  return misfits[1] < misfits[0] ? senses[1] : senses[0];
+  return best;
 }
 
 }  // namespace
@@ -164,11 +131,11 @@ TEST(CircleFits, RejectWhatIsNoCircle) {
     EXPECT_EQ(out.status, GM_E_CIRCLE_FIT_FAILED);
     EXPECT_NEAR(out.radius, 1e-7, 1e-12);
   }
-  // An exact fit of the mean leaves a residual of 0 beside larger ones: not a number.
-  const ZorPointArray exact = {{1, 1}, {1, -1},  {-1, 1}, {-1, -1}, {2, 0}, {-2, 0},
-                               {0, 2}, {0, -2},  {0, 0},  {0, 0},   {0, 0}, {0, 0},
-                               {1, 1}, {-1, -1}, {1, -1}, {-1, 1}};
-  const Outcome nan = Absolute(exact, 1, 1);
+  // Radii 1 and 2 and an exact mean: a residual of 0 beside larger ones is not a number.
+  ZorPointArray nested = {{2, 0}, {-2, 0}, {0, 2}, {0, -2}};
+  for (int i = 0; i < 4; ++i) nested.Append(ZorPoint(0, 0));
+  for (const double x : {-1.0, 1.0, -1.0, 1.0}) nested.Append(ZorPointArray{{x, 1}, {x, -1}});
+  const Outcome nan = Absolute(nested, 1, 1);
   EXPECT_EQ(nan.status, GM_E_CIRCLE_FIT_FAILED);
   EXPECT_TRUE(std::isnan(nan.radius));
 }
@@ -182,23 +149,34 @@ TEST(CircleFits, AgreeWithWholeMatrices) {
       points.Append(p + ZorPoint(noise(rng), noise(rng)));
     }
     points[3] = {12, -2};
-    const MatrixFit reference = CircleByMatrices(points, 1.5 + 0.1 * (i % 9));
-    const double clip = reference.clip({});
+    const double clip = 1.5 + 0.1 * (i % 9);
+    MatrixFit reference(points, clip, [](const ZorPoint& p) {
+      return std::vector<double>{p.x, p.y, 1, -(p.x * p.x + p.y * p.y)};
+    });
+    reference.inner_passes = 10;
+    reference.solve = cv::DECOMP_QR;
+    reference.least_weights = 3;
+    reference.errors = [&](const cv::Mat& c) {
+      const auto [centre, r] = CircleOfModel(c);
+      std::vector<double> errors;
+      for (const ZorPoint& p : points) errors.push_back(std::fabs(Distance(p, centre) - r));
+      return errors;
+    };
     for (const int passes : {1, 2, 3, 6}) {
       SCOPED_TRACE(testing::Message() << "cloud " << i << ", " << passes << " passes");
-      for (const bool is_absolute : {false, true}) {
-        const cv::Mat c = reference.Run(is_absolute, passes);
-        const Outcome out =
-            is_absolute ? Absolute(points, passes, clip) : Squares(points, passes, clip);
-        ExpectNear(out.centre, {-c.at<double>(0) / 2, -c.at<double>(1) / 2}, 1e-9);
-        EXPECT_NEAR(
-            out.radius,
-            std::sqrt(out.centre.x * out.centre.x + out.centre.y * out.centre.y - c.at<double>(2)),
-            1e-9);
+      for (const auto& fit : {Squares, Absolute}) {
+        const auto [centre, radius] = CircleOfModel(reference.Run(fit == Absolute, passes));
+        const Outcome out = fit(points, passes, clip);
+        ExpectNear(out.centre, centre, 1e-9);
+        EXPECT_NEAR(out.radius, radius, 1e-9);
       }
     }
-    // A single pass of least squares is the closed form, which solves the same equations.
-    EXPECT_NEAR(Plain(points).radius, Squares(points, 2, 0).radius, 1e-9);
+    // Two weights are too few for another pass, three are not.
+    std::vector<double> errors = reference.errors(reference.Run(false, 1));
+    std::sort(errors.begin(), errors.end());
+    const double first = Squares(points, 2, 0).radius;
+    EXPECT_EQ(Squares(points, 3, (errors[1] + errors[2]) / 2).radius, first);
+    EXPECT_NE(Squares(points, 3, (errors[2] + errors[3]) / 2).radius, first);
   }
 }
 
@@ -236,30 +214,19 @@ TEST(PointAnglePairsCircle, TwoPoints) {
     ZorPoint centre;
     double radius;
   };
+  // Far enough for the five digits of pi to show: the hits of the two lines on x = 40000.
+  const double y0 = 40000 * std::tan(45 * 3.14159 / 180);
+  const double y1 = -40000 * std::tan(135 * 3.14159 / 180);
+  const double y = (y0 + y1) / 2, r = (std::hypot(40000, y0) + std::hypot(40000, y1)) / 2;
   for (const Case& c : {
-           Case{"level points, angles towards the bisector",
-                {{0, 0}, {8, 0}},
-                {45.0, 135.0},
-                GM_OK,
-                {4, 4},
-                std::sqrt(32.0)},
-           {"upright angle and upright bisector meet nowhere",
-            {{0, 0}, {8, 0}},
-            {90.0, 45.0},
-            GM_E_FIT_FAILED,
-            {},
-            0},
-           {"upright angles of a column", {{2, 1}, {2, 7}}, {90.0, -270.0}, GM_E_FIT_FAILED, {}, 0},
-           {"column", {{2, 0}, {2, 8}}, {45.0, -45.0}, GM_OK, {6, 4}, std::sqrt(32.0)},
+           Case{"level", {{0, 0}, {80000, 0}}, {45.0, 135.0}, GM_OK, {40000, y}, r},
+           {"column", {{2, 0}, {2, 8}}, {45.0, -45.0}, GM_OK, {6, 4}, 5.656854},
            {"slanted", {{0, 0}, {4, 2}}, {0.0, 90.0}, GM_OK, {3.25, -1.5}, 3.75},
+           {"close", {{5, 5}, {5 + 9e-7, 5.1}}, {60.0, -60.0}, GM_OK, {5.0289, 5.05}, 0.057735},
+           {"upright line and bisector", {{0, 0}, {8, 0}}, {90.0, 45.0}, GM_E_FIT_FAILED, {}, 0},
+           {"upright lines", {{2, 1}, {2, 7}}, {90.0, -270.0}, GM_E_FIT_FAILED, {}, 0},
            {"parallel lines", {{0, 0}, {4, 2}}, {30.0, 30.0}, GM_E_FIT_FAILED, {}, 0},
-           {"one point", {{5, 5}, {5 + 9e-7, 5 - 9e-7}}, {1.0, 2.0}, GM_E_DEGENERATE_LINE, {}, 0},
-           {"apart in one coordinate",
-            {{5, 5}, {5 + 9e-7, 5.1}},
-            {60.0, -60.0},
-            GM_OK,
-            {5.0289, 5.05},
-            0.057735},
+           {"one point", {{5, 5}, {5 + 9e-7, 5}}, {1.0, 2.0}, GM_E_DEGENERATE_LINE, {}, 0},
            {"a single point", {{5, 5}}, {1.0}, GM_E_PARAM_1, {}, 0},
            {"an angle too few", {{5, 5}, {6, 6}}, {1.0}, GM_E_PARAM_2, {}, 0},
        }) {
@@ -290,35 +257,31 @@ TEST(PointAnglePairsCircle, AgreesWithEveryTripleInBothSenses) {
                                 : ZorPoint(90 * unit(rng), 90 * unit(rng)));
     }
     std::array<ZorPoint, 2> centres;
-    std::array<double, 2> radii{};
+    double radii = 0;
     float single = 0;
     int count = 0;
-    for (const std::size_t negated : {0U, 1U}) {
-      count = 0;
-      for (std::size_t a = 0; a < points.size(); ++a) {
-        for (std::size_t b = a + 1; b < points.size(); ++b) {
-          for (std::size_t c = b + 1; c < points.size(); ++c, ++count) {
-            const double sign = negated == 0 ? 1 : -1;
-            const auto [centre, radius] =
-                RotationOfThree({points[a], points[b], points[c]},
-                                {sign * angles[a], sign * angles[b], sign * angles[c]});
-            centres[negated] = centres[negated] + centre;
-            radii[0] += negated == 0 ? double(radius) : 0;
-            single += negated == 1 ? radius : 0;
-          }
+    for (std::size_t a = 0; a < points.size(); ++a) {
+      for (std::size_t b = a + 1; b < points.size(); ++b) {
+        for (std::size_t c = b + 1; c < points.size(); ++c, ++count) {
+          const std::vector<ZorPoint> three{points[a], points[b], points[c]};
+          const auto given = RotationOfThree(three, angles[b] - angles[a]);
+          const auto negated = RotationOfThree(three, angles[a] - angles[b]);
+          centres = {centres[0] + given.first, centres[1] + negated.first};
+          radii += double(given.second);
+          single += negated.second;
         }
       }
-      centres[negated] = {centres[negated].x / count, centres[negated].y / count};
     }
-    radii = {radii[0] / count, double(single / float(count))};
-    const std::size_t chosen =
-        Misfit(points, centres[1], radii[1]) < Misfit(points, centres[0], radii[0]) ? 1 : 0;
+    for (ZorPoint& centre : centres) centre = {centre.x / count, centre.y / count};
+    const std::array means{radii / count, double(single / float(count))};
+    const bool is_negated =
+        Misfit(points, centres[1], means[1]) < Misfit(points, centres[0], means[0]);
     ZorVarArray vars;
     for (const double t : angles) vars.Append(t);
     const Outcome out = Pairs(ZorPointArray(points), vars);
     EXPECT_EQ(out.status, GM_OK);
-    EXPECT_EQ(out.centre, centres[chosen]);
-    EXPECT_EQ(out.radius, radii[chosen]);
+    EXPECT_EQ(out.centre, centres[is_negated ? 1 : 0]);
+    EXPECT_EQ(out.radius, means[is_negated ? 1 : 0]);
     if (is_stage) ExpectNear(out.centre, {50, 20}, 0.02);
   }
 }

@@ -6,11 +6,12 @@
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
+using Facade = ZORMV::ZorGeometryMeasureDlg;
 using zor::test::Want;
 
 TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
-  ZORMV::ZorGeometryMeasureDlg dlg;
+  Facade dlg;
   ZorPointArray edge = {{0, 0}, {3, 1}, {6, 2}, {9, 3}};
   ZorPoint p, q;
   ZorVar value;
@@ -18,6 +19,9 @@ TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorVarArray turns = {0.0, 90.0, 180.0, 270.0, 53.0}, angles = {45.0, 135.0};
   double radius = 0.0;
   float a = 0, b = 0, turn = 0;
+  const auto ellipse = [&](bool w, auto& object, auto method, auto... settings) {
+    return (object.*method)(arc, settings..., Want(w, p), Want(w, a), Want(w, b), Want(w, turn));
+  };
   std::string five_distances;
   for (int i = 0; i < 5; ++i) five_distances += " +PointToOvalDistance -PointToOvalDistance";
   zor::test::CheckRows({
@@ -47,26 +51,14 @@ TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
        }},
       {"Dlg::VerticalBisectorCircleFit", "+VerticalBisectorCircleFit -VerticalBisectorCircleFit",
        [&](bool w) { return dlg.VerticalBisectorCircleFit(arc, Want(w, p), Want(w, radius)); }},
-      {"FitEllipse", "",
-       [&](bool w) {
-         return m.FitEllipse(arc, Want(w, p), Want(w, a), Want(w, b), Want(w, turn));
-       }},
+      {"FitEllipse", "", [&](bool w) { return ellipse(w, m, &ZorGeometryMeasure::FitEllipse); }},
       {"LeastSqaureEllipseFit, one pass", "+LeastSqaureEllipseFit",
-       [&](bool w) {
-         return m.LeastSqaureEllipseFit(arc, 1, 2, Want(w, p), Want(w, a), Want(w, b),
-                                        Want(w, turn));
-       }},
+       [&](bool w) { return ellipse(w, dlg, &Facade::LeastSqaureEllipseFit, 1, 2.0); }},
       {"Dlg::LeastSqaureEllipseFit",
        "+LeastSqaureEllipseFit" + five_distances + " -LeastSqaureEllipseFit",
-       [&](bool w) {
-         return dlg.LeastSqaureEllipseFit(arc, 2, 2, Want(w, p), Want(w, a), Want(w, b),
-                                          Want(w, turn));
-       }},
+       [&](bool w) { return ellipse(w, dlg, &Facade::LeastSqaureEllipseFit, 2, 2.0); }},
       {"Dlg::LeastAbsoluteEllipseFit", "+LeastAbsoluteEllipseFit -LeastAbsoluteEllipseFit",
-       [&](bool w) {
-         return dlg.LeastAbsoluteEllipseFit(arc, 1, 2, Want(w, p), Want(w, a), Want(w, b),
-                                            Want(w, turn));
-       }},
+       [&](bool w) { return ellipse(w, dlg, &Facade::LeastAbsoluteEllipseFit, 1, 2.0); }},
       {"SSETest", "",
        [&](bool w) {
          return m.SSETest({1.0, 2.0}, Want(w, value));

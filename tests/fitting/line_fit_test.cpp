@@ -45,21 +45,6 @@ ZorPointArray Exchanged(const ZorPointArray& points) {
   return exchanged;
 }
 
-MatrixFit LineByMatrices(const ZorPointArray& points) {
-  MatrixFit fit;
-  fit.a = cv::Mat::ones(points.Length(), 2, CV_64F);
-  fit.b = cv::Mat(points.Length(), 1, CV_64F);
-  fit.restore_on_equal = true;
-  for (int i = 0; i < points.Length(); ++i) {
-    fit.a.at<double>(i, 1) = points[i].x;
-    fit.b.at<double>(i) = points[i].y;
-  }
-  fit.errors = [a = fit.a, b = fit.b](const cv::Mat& c) {
-    return std::vector<double>(cv::Mat(cv::abs(a * c - b)));
-  };
-  return fit;
-}
-
 /// Points along y = 3 + x / 2 with noise as large as the shrinkage, and far outliers.
 ZorPointArray NoisyLine(std::mt19937_64& rng, int n) {
   std::uniform_real_distribution<double> along(-40, 60);
@@ -76,35 +61,18 @@ ZorPointArray NoisyLine(std::mt19937_64& rng, int n) {
 
 TEST(LineFits, CheckTheirArgumentsInOrder) {
   const ZorPointArray one = {{1, 1}}, two = {{0, 0}, {5, 1}};
-  struct Case {
-    const char* what;
-    Fit fit;
-    const ZorPointArray& points;
-    int iterations;
-    double clip;
-    long status;
-  };
-  for (const Case& c : {
-           Case{"squares, one point", Fit::kSquares, one, 0, -1, GM_E_TOO_FEW_POINTS},
-           {"squares, no iteration", Fit::kSquares, two, 0, -1, GM_E_PARAM_2},
-           {"squares, negative clip", Fit::kSquares, two, 1, -1e-9, GM_E_PARAM_3},
-           {"squares, clip 0", Fit::kSquares, two, 2, 0, GM_OK},
-           {"squares, clip not a number", Fit::kSquares, two, 2, kNaN, GM_OK},
-           {"absolute, one point", Fit::kAbsolute, one, 0, -1, GM_E_TOO_FEW_POINTS},
-           {"absolute, no iteration", Fit::kAbsolute, two, -3, -1, GM_E_PARAM_2},
-           {"absolute, negative clip", Fit::kAbsolute, two, 1, -1, GM_E_PARAM_3},
-           {"line, one point", Fit::kLine1, one, 1, 0, GM_E_TOO_FEW_POINTS},
-           {"line, no iteration", Fit::kLine1, two, -1, 0, GM_OK},
-       }) {
-    SCOPED_TRACE(c.what);
-    ZorPoint start = UntouchedPoint(), end = UntouchedPoint();
-    EXPECT_EQ(Call(c.fit, c.points, c.iterations, c.clip, &start, &end), c.status);
-    EXPECT_EQ(IsUntouched(start) && IsUntouched(end), c.status != GM_OK);
+  ZorPoint p = UntouchedPoint();
+  for (const Fit fit : {Fit::kSquares, Fit::kAbsolute}) {
+    EXPECT_EQ(Call(fit, one, 0, -1, &p, &p), GM_E_TOO_FEW_POINTS);
+    EXPECT_EQ(Call(fit, two, 0, -1, &p, &p), GM_E_PARAM_2);
+    EXPECT_EQ(Call(fit, two, 1, -1e-9, &p, &p), GM_E_PARAM_3);
+    EXPECT_EQ(Call(fit, two, 2, 0, nullptr, nullptr), GM_OK);
+    EXPECT_EQ(Call(fit, two, 2, kNaN, nullptr, nullptr), GM_OK);
   }
+  EXPECT_EQ(Call(Fit::kLine1, one, 1, 0, &p, &p), GM_E_TOO_FEW_POINTS);
   ZorPointArray points = two;
-  ZorPoint start = UntouchedPoint();
-  EXPECT_EQ(ZorGeometryMeasure().FitLine(points, 2, 5, &start, nullptr), GM_OK);
-  EXPECT_TRUE(IsUntouched(start));
+  EXPECT_EQ(ZorGeometryMeasure().FitLine(points, 2, 5, &p, &p), GM_OK);
+  EXPECT_TRUE(IsUntouched(p));
 }
 
 TEST(LineFits, ExtentFitSpansTheCloudAndKeepsTwoPoints) {
@@ -126,19 +94,27 @@ TEST(LineFits, AgreeWithWholeMatrices) {
   for (int i = 0; i < 60; ++i) {
     const ZorPointArray points = NoisyLine(rng, 12 + i);
     const double x0 = points[0].x, xn = points[points.Length() - 1].x;
-    MatrixFit reference = LineByMatrices(points);
+    const double clip = 9 + i % 7;
+    MatrixFit reference(points, clip, [](const ZorPoint& p) {
+      return std::vector<double>{1, p.x, p.y};
+    });
+    reference.restore_on_equal = true;
     const auto check = [&](const ZorLine& line, const cv::Mat& c) {
       const double c0 = c.at<double>(0), c1 = c.at<double>(1);
       ExpectNear(line.start, {x0, c0 + c1 * x0}, 1e-9);
       ExpectNear(line.end, {xn, c0 + c1 * xn}, 1e-9);
     };
-    const double clip = 9 + i % 7;
-    reference.clip = [&](const std::vector<double>&) { return clip; };
     const int passes = i % 10 == 9 ? 200 : 2 + i % 4;
     SCOPED_TRACE(testing::Message() << "cloud " << i << ", " << passes << " passes");
     check(FitOf(Fit::kSquares, points, passes, clip), reference.Run(false, passes));
     check(FitOf(Fit::kAbsolute, points, 1, clip), reference.Run(true, 1));
     check(FitOf(Fit::kAbsolute, points, 2 + i % 3, clip), reference.Run(true, 2 + i % 3));
+    // One weight is too few for another pass, two are not.
+    std::vector<double> errors = reference.errors(reference.Run(false, 1));
+    std::sort(errors.begin(), errors.end());
+    const ZorLine first = FitOf(Fit::kSquares, points, 2, 0);
+    EXPECT_EQ(FitOf(Fit::kSquares, points, 3, (errors[0] + errors[1]) / 2), first);
+    EXPECT_NE(FitOf(Fit::kSquares, points, 3, (errors[1] + errors[2]) / 2), first);
     reference.clip = [](std::vector<double> e) {
       std::sort(e.begin(), e.end());
       const double n = static_cast<double>(e.size());
@@ -220,33 +196,29 @@ TEST(SteepnessOfHuberLine, IsJudgedAsTheFitItselfDoes) {
   std::normal_distribution<double> normal;
   const auto pick = [&rng](const auto& values) { return values[rng() % values.size()]; };
   std::array<int, 3> judged{};
-  for (int i = 0; i < 12000; ++i) {
+  for (int i = 0; i < 8000; ++i) {
     const int n = 2 + static_cast<int>(rng() % (i % 20 == 0 ? 499 : 40));
     const double tilt = pick(std::array{0.0, 5e-7, 1e-6, 2e-6, 1e-4, 0.1, 1.0}) * 2 * unit(rng);
     const double noise = pick(std::array{0.0, 0.0, 1e-9, 1e-6, 1e-3, 0.3});
     const double length = pick(std::array{0.0, 10.0, 500.0, 3000.0});
     const double outliers = pick(std::array{0.0, 0.1, 0.4});
     const double x0 = pick(std::array{0.0, 80.0, 4000.0}) * unit(rng);
-    const bool is_rounded = i % 3 == 0, is_ordered = i % 2 == 0;
     std::vector<ZorPoint> points;
     for (int k = 0; k < n; ++k) {
-      const double along = length * (is_ordered ? double(k) / n : unit(rng));
+      const double along = length * (i % 2 == 0 ? double(k) / n : unit(rng));
       ZorPoint p(x0 + std::sin(tilt) * along + noise * normal(rng), 900 + std::cos(tilt) * along);
       if (unit(rng) < outliers) p = p + ZorPoint(50 * normal(rng), normal(rng));
-      points.push_back(is_rounded ? ZorPoint(std::round(p.x), std::round(p.y)) : p);
+      points.push_back(i % 3 == 0 ? ZorPoint(std::round(p.x), std::round(p.y)) : p);
     }
     const auto line = zor::fitting::FitHuberLine(points);
     const bool is_steep = std::fabs(line.vy / line.vx) > 1e6F;
     const Steepness judgement = zor::fitting::JudgeSteepness(points);
     ++judged[static_cast<std::size_t>(judgement)];
-    if (judgement != Steepness::kDoubtful) {
-      ASSERT_EQ(judgement == Steepness::kSteep, is_steep)
-          << "cloud " << i << ": n " << n << " tilt " << tilt << " noise " << noise << " length "
-          << length << " x0 " << x0;
-    }
+    ASSERT_TRUE(judgement == Steepness::kDoubtful || (judgement == Steepness::kSteep) == is_steep)
+        << "cloud " << i << ": n " << n << " tilt " << tilt << " noise " << noise << " x0 " << x0;
     ASSERT_EQ(zor::fitting::IsHuberLineSteep(points), is_steep);
   }
-  for (const int count : judged) EXPECT_GT(count, 300);
+  for (const int count : judged) EXPECT_GT(count, 200);
 }
 
 TEST(SteepnessOfHuberLine, IsBeyondDoubtForOrdinaryEdges) {
@@ -275,36 +247,29 @@ TEST(SmallSolve, SingularLuKeepsFewUnknownsAndClearsMore) {
   }
 }
 
-TEST(SmallSolve, ThreeEquationsByReflectionAgreeWithTheSolver) {
+TEST(SmallSolve, FewEquationsAgreeWithTheSolver) {
   using zor::fitting::Decomposition;
   std::mt19937_64 rng(5);
   std::normal_distribution<double> any(0, 1000);
-  for (int i = 0; i < 1000; ++i) {
-    std::array<double, 9> m{};
-    std::array<double, 3> b{any(rng), any(rng), any(rng)}, ours{}, theirs{};
-    for (double& value : m) value = any(rng);
-    const cv::Mat matrix(3, 3, CV_64F, m.data());
-    if (std::fabs(cv::determinant(matrix)) < 1e6) continue;  // of about 1e9
-    cv::Mat out(3, 1, CV_64F, theirs.data());
-    cv::solve(matrix, cv::Mat(3, 1, CV_64F, b.data()), out, cv::DECOMP_QR);
-    ASSERT_TRUE(zor::fitting::SolveSystem(m, b, ours, Decomposition::kQr));
-    for (const std::size_t j : {0U, 1U, 2U}) ASSERT_NEAR(ours[j], theirs[j], 1e-9);
+  for (int i = 0; i < 2000; ++i) {
+    const bool is_lu = i % 2 == 0;  // two unknowns by LU bit for bit, three by QR
+    const int n = is_lu ? 2 : 3;
+    cv::Mat m(n, n, CV_64F), b(n, 1, CV_64F), theirs;
+    for (cv::Mat* values : {&m, &b}) {
+      for (double& value : cv::Mat_<double>(*values)) value = any(rng);
+    }
+    if (std::fabs(cv::determinant(m)) < 1e3) continue;
+    std::vector<double> matrix(m.reshape(1, 1)), right_side(b.reshape(1, 1)), ours(right_side);
+    cv::solve(m, b, theirs, is_lu ? cv::DECOMP_LU : cv::DECOMP_QR);
+    ASSERT_TRUE(zor::fitting::SolveSystem(matrix, right_side, ours,
+                                          is_lu ? Decomposition::kLu : Decomposition::kQr));
+    for (int j = 0; j < n; ++j) {
+      const double expected = theirs.at<double>(j);
+      ASSERT_NEAR(ours[std::size_t(j)], expected, is_lu ? 0 : 1e-7 * (1 + std::fabs(expected)));
+    }
   }
   std::array<double, 9> singular{1, 2, 3, 2, 4, 6, 1, 1, 1};
   std::array<double, 3> b{1, 2, 3}, x{5, 5, 5};
   EXPECT_FALSE(zor::fitting::SolveSystem(singular, b, x, Decomposition::kQr));
   EXPECT_EQ(x, (std::array<double, 3>{}));
-}
-
-TEST(SmallSolve, TwoEquationsEqualTheSolverBitForBit) {
-  std::mt19937_64 rng(5);
-  std::normal_distribution<double> any(0, 1000);
-  for (int i = 0; i < 1000; ++i) {
-    std::array<double, 4> m{any(rng), any(rng), any(rng), any(rng)};
-    std::array<double, 2> b{any(rng), any(rng)}, ours{}, theirs{};
-    cv::Mat out(2, 1, CV_64F, theirs.data());
-    cv::solve(cv::Mat(2, 2, CV_64F, m.data()), cv::Mat(2, 1, CV_64F, b.data()), out, cv::DECOMP_LU);
-    ASSERT_TRUE(zor::fitting::SolveSystem(m, b, ours, zor::fitting::Decomposition::kLu));
-    ASSERT_EQ(ours, theirs);
-  }
 }

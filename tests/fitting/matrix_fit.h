@@ -7,10 +7,28 @@
 
 #include <opencv2/core.hpp>
 
+#include <ZorData.h>
+
 namespace zor::test {
 
 /// The re-weighted fits written out with whole matrices: the reference for the one-sweep ones.
 struct MatrixFit {
+  MatrixFit() = default;
+  /// Rows and targets from equation(point), k + 1 numbers; errors |a c - b|, a fixed clip.
+  template <typename Equation>
+  MatrixFit(const ZorPointArray& points, double fixed_clip, const Equation& equation) {
+    for (const ZorPoint& p : points) {
+      std::vector<double> values = equation(p);
+      b.push_back(values.back());
+      values.pop_back();
+      a.push_back(cv::Mat(values, true).reshape(1, 1));
+    }
+    errors = [rows = a, targets = b](const cv::Mat& c) {
+      return std::vector<double>(cv::Mat(cv::abs(rows * c - targets)));
+    };
+    clip = [fixed_clip](const std::vector<double>&) { return fixed_clip; };
+  }
+
   cv::Mat a;  // n x k
   cv::Mat b;  // n x 1
   int inner_passes = 50;
