@@ -5,10 +5,10 @@
 #include <benchmark/benchmark.h>
 #include <opencv2/imgproc.hpp>
 
+#include "../idle_sink.h"
 #include "distance/oval_kernels.h"
 #include "fitting/ellipse_fit_kernels.h"
 #include "frame/opencv_points.h"
-#include "idle_sink.h"
 #include <ZorGeometryMeasure.h>
 
 // Slots of n points with noise: re-weighted fits of ours beside one fit of each kind in OpenCV. A
@@ -81,6 +81,16 @@ void OnePass(benchmark::State& state) {
   });
 }
 
+/// All passes, the distances as good as free.
+void PassesAlone(benchmark::State& state) {
+  const zor::fitting::EllipseDistance close = [](const ZorPoint&, const zor::fitting::Ellipse&) {
+    return 0.1;
+  };
+  OnSlots(state, [&](ZorPointArray& points) {
+    benchmark::DoNotOptimize(zor::fitting::FitEllipseSquares(points.View(), kPasses, kClip, close));
+  });
+}
+
 void OpenCv(benchmark::State& state, cv::RotatedRect (*fit)(cv::InputArray)) {
   OnSlots(state, [fit](ZorPointArray& points) {
     const auto converted = zor::frame::ToFloatPoints(points.View());
@@ -132,6 +142,9 @@ BENCHMARK_CAPTURE(OpenCv, direct, cv::fitEllipseDirect)
     ->Name("EllipseOnePass/opencv_direct")
     ->Arg(500)
     ->Arg(10000);
+
+BENCHMARK(PassesAlone)->Name("EllipseFivePasses/zor")->Arg(500);
+BENCHMARK(OpenCvRepeated)->Name("EllipseFivePasses/opencv_5_fits")->Arg(500);
 
 BENCHMARK(Squares)->Name("LeastSqaureEllipseFit/zor")->Arg(500);
 BENCHMARK(SquaresTraced)->Name("LeastSqaureEllipseFit/zor_with_sink")->Arg(500);

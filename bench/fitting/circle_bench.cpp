@@ -6,7 +6,7 @@
 #include <benchmark/benchmark.h>
 #include <opencv2/core.hpp>
 
-#include "idle_sink.h"
+#include "../idle_sink.h"
 #include <ZorGeometryMeasure.h>
 
 // Bores of n points with a tenth of outliers. The peers fit the same algebraic model over an n x 3

@@ -6,9 +6,9 @@
 #include <benchmark/benchmark.h>
 #include <opencv2/imgproc.hpp>
 
+#include "../idle_sink.h"
 #include "fitting/huber_line.h"
 #include "fitting/line_fit_kernels.h"
-#include "idle_sink.h"
 #include <ZorGeometryMeasure.h>
 
 // Edges of n points with a tenth of outliers: five passes of ours, one fit of OpenCV, five
