@@ -251,7 +251,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   /// Re-weighted least squares of the algebraic model; one iteration is the fit of FitCircle.
   /// Traced, but one iteration leaves no end record. With GM_E_CIRCLE_FIT_FAILED the outputs are
-  /// written, unless the sums are singular.
+  /// written, for singular sums with a radius of 0 at the origin.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
   /// @retval GM_E_PARAM_2  iterations < 1
   /// @retval GM_E_PARAM_3  clipDistance < 0
@@ -276,8 +276,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// rotation the one that fits the three better. The result is the mean over all of them, which
   /// takes time with the cube of the number of points. Two points: the centre lies midway between
   /// the points where the lines through them at their angles (from +x towards +y) meet their
-  /// perpendicular bisector, snapped to four decimals, coordinates below 1e-5 to 0. Traced; two
-  /// points leave no end record, but nested ones of "LinesIntersection".
+  /// perpendicular bisector, snapped to four decimals, coordinates below 1e-5 to 0. The last two
+  /// codes come with a radius of 0 at the origin. Traced; two points leave no end record, but
+  /// nested ones of "LinesIntersection".
   /// @retval GM_E_PARAM_1  fewer than 2 points
   /// @retval GM_E_PARAM_2  not as many angles as points
   /// @retval GM_E_DEGENERATE_LINE  two points that differ by less than 1e-6 in both coordinates

@@ -53,10 +53,11 @@ long ZorGeometryMeasure::LeastSqaureCircleFit(ZorPointArray& points, int iterati
   if (iterations < 1) return InvalidArgument(2);
   if (clipDistance < 0) return InvalidArgument(3);
   if (iterations == 1) {
-    const std::optional<fitting::Circle> circle = fitting::FitCircleAlgebraic(points.View());
-    if (!circle) return GM_E_CIRCLE_FIT_FAILED;
-    StoreCircle(*circle, center, radius);  // Deliberate: also where the circle is then rejected.
-    if (!IsCircle(*circle)) return GM_E_CIRCLE_FIT_FAILED;
+    // Singular sums give no circle: one of radius 0 at the origin, which is rejected.
+    const fitting::Circle circle =
+        fitting::FitCircleAlgebraic(points.View()).value_or(fitting::Circle());
+    StoreCircle(circle, center, radius);  // Deliberate: also where the circle is then rejected.
+    if (!IsCircle(circle)) return GM_E_CIRCLE_FIT_FAILED;
     return GM_OK;  // Deliberate: one pass leaves no end record; hosts tell the two kinds by it.
   }
   const fitting::Circle circle = fitting::FitCircleSquares(points.View(), iterations, clipDistance);
@@ -85,6 +86,8 @@ long ZorGeometryMeasure::PointAnglePairsCircleFit(ZorPointArray& points, ZorVarA
   Trace trace("PointAnglePairsCircleFit");
   if (points.Length() < 2) return InvalidArgument(1);
   if (angles.Length() != points.Length()) return InvalidArgument(2);
+  // Deliberate: a code from here on comes with a circle of radius 0 at the origin.
+  StoreCircle({}, center, radius);
   if (points.Length() == 2) {
     const ZorPoint p0 = points[0];
     const ZorPoint p1 = points[1];
