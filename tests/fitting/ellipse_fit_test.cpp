@@ -148,9 +148,12 @@ TEST(EllipseFits, MeasureTheSameWithASink) {
 TEST(EllipseFits, SurviveAnyPoints) {
   const ZorPointArray slot = Slot({20, 9}, 30, 17, 40, 11);
   std::vector<ZorPointArray> lists{ZorPointArray(std::vector<ZorPoint>(2000, ZorPoint(3, 4))),
-                                   ZorPointArray(std::vector<ZorPoint>(6)), ZorPointArray()};
-  for (int i = 0; i < 9; ++i) lists[2].Append(ZorPoint(i, 2 * i));
-  for (const double bad : {kNaN, kInfinity, -1e300, 1e30}) {
+                                   ZorPointArray(std::vector<ZorPoint>(6))};
+  for (const ZorPoint& step : {ZorPoint(1, 2), {0, 1}, {1, 0}}) {  // all x 0, all y 0
+    lists.emplace_back();
+    for (int i = -4; i < 5; ++i) lists.back().Append({step.x * i, step.y * i});
+  }
+  for (const double bad : {kNaN, kInfinity, -kInfinity, -1e300, 1e30}) {
     lists.push_back(slot);
     lists.back()[6].x = bad;
   }
