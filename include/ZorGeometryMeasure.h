@@ -337,7 +337,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // squared. With fewer points left than coefficients it ends with the passes done.
 
   /// Re-weighted least-squares polynomial in `iterations` passes; coefficients c0 .. cn in
-  /// ascending order of power, for n = `order`. Traced.
+  /// ascending order of power, for n = `order`. Coefficients that are not numbers are listed too,
+  /// with their code, but no curve. Traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
   /// @retval GM_E_PARAM_2  order outside 0 .. 100
   /// @retval GM_E_PARAM_3  iterations < 1

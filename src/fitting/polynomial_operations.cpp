@@ -30,7 +30,12 @@ long CheckFit(const ZorPointArray& points, int order, int iterations, double cli
 long StorePolynomial(const ZorPointArray& points, const std::vector<double>& fitted,
                      ZorVarArray* coefficients, ZorPointArray* curve) {
   const auto y_at = [&](double x) { return fitting::PolynomialAt(fitted, x); };
-  return fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
+  const long status = fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
+  // Deliberate: hosts see by the list which coefficients are not numbers; the curve stays.
+  if (status == GM_E_FIT_FAILED && coefficients != nullptr) {
+    coefficients->Assign({fitted.begin(), fitted.end()});
+  }
+  return status;
 }
 
 }  // namespace
