@@ -432,10 +432,11 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// p1 (position), p2 (spread), p3 (baseline) of y = p0 exp(-(x - p1)^2 / (2 p2)) + p3. It starts
   /// from the largest y, the x of its first occurrence, the extent in x and the smallest y, and
   /// makes at most `maxIterations` steps (0: the solver's own limit, 50). Convergence is not
-  /// judged: the parameters where the solver stopped are returned, which are the start values where
-  /// the curve cannot be evaluated (one common x, coordinates that are not numbers, values beyond
-  /// 1e140). From 100 points on the solver runs in several threads, as many as the configuration
-  /// says, which can change the last digits from call to call. Traced.
+  /// judged: the parameters where the solver stopped are returned, which are those of the last step
+  /// at which the curve and its derivatives could be evaluated; the start values where they never
+  /// can be (one common x, coordinates that are not numbers, values beyond 1e140). From 100 points
+  /// on the solver runs in several threads, as many as the configuration says, which can change the
+  /// last digits from call to call. Traced.
   /// @retval GM_E_PARAM_1  fewer than 4 points
   /// @retval GM_E_PARAM_2  maxIterations < 0
   /// @retval GM_E_FIT_UNBOUNDED  a parameter is infinite or the largest finite double

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <ceres/autodiff_cost_function.h>
+#include <ceres/iteration_callback.h>
 #include <ceres/problem.h>
 #include <ceres/solver.h>
 
@@ -88,7 +89,8 @@ class Weighted {
 
 /// What the solver calls, from one thread at a time. It prints a message where a residual is not
 /// finite or the squares of its derivatives overflow, so they do not reach it: a value is refused,
-/// which counts as a step of infinite cost; derivatives are noted as a failure of the whole solve.
+/// which counts as a step of infinite cost; derivatives are noted as a failure, which ends the
+/// solve at the step before (LastSound).
 template <typename Residual>
 class Functor {
  public:
@@ -127,6 +129,27 @@ bool AnyFailed(const std::vector<Functor<Residual>>& functors) {
                      [](const Functor<Residual>& functor) { return functor.Failed(); });
 }
 
+/// Keeps the parameters of the last step at which all derivatives were usable and ends the solve at
+/// the first where they are not.
+template <typename Residual>
+class LastSound : public ceres::IterationCallback {
+ public:
+  LastSound(const std::vector<Functor<Residual>>& functors, const CurveParameters& current)
+      : functors_(functors), current_(current), sound_(current) {}
+
+  ceres::CallbackReturnType operator()(const ceres::IterationSummary& /*step*/) override {
+    if (AnyFailed(functors_)) return ceres::SOLVER_ABORT;
+    sound_ = current_;
+    return ceres::SOLVER_CONTINUE;
+  }
+  [[nodiscard]] const CurveParameters& Parameters() const { return sound_; }
+
+ private:
+  const std::vector<Functor<Residual>>& functors_;
+  const CurveParameters& current_;
+  CurveParameters sound_;
+};
+
 // The functors and their cost functions, one block a point; each kind lies in one allocation that
 // outlives the problem, which owns none of them.
 template <typename Residual>
@@ -150,9 +173,12 @@ CurveParameters Minimise(std::vector<Functor<Residual>> functors, const CurvePar
   options.logging_type = ceres::SILENT;
   options.num_threads = AvailableThreads(settings.threads);
   if (settings.max_iterations != 0) options.max_num_iterations = settings.max_iterations;
+  LastSound<Residual> last(functors, parameters);
+  options.callbacks.push_back(&last);
+  options.update_state_every_iteration = true;
   ceres::Solver::Summary summary;
   ceres::Solve(options, &problem, &summary);
-  return AnyFailed(functors) ? start : parameters;
+  return AnyFailed(functors) ? last.Parameters() : parameters;
 }
 
 template <typename Residual>

@@ -16,10 +16,10 @@ struct SolverSettings {
 };
 
 /// The parameters at which the solver stops when it minimises the sum of (w (y - curve(x)))^2 from
-/// the start given. Whether it converged is not judged: where no step can be taken (a curve that
-/// is not a number at the start, values beyond 1e140 whose squares would overflow) the start comes
-/// back. No weights stand for all ones; a point of weight 0 is left out.
-/// The Gaussian: height, position, spread, baseline (gaussian_kernels.h).
+/// the start given. Whether it converged is not judged: where it comes upon derivatives that cannot
+/// be used (not numbers, or beyond 1e140, where squares overflow) the step before comes back, and
+/// so the start where no step can be taken. No weights stand for all ones; a point of weight 0 is
+/// left out. The Gaussian: height, position, spread, baseline (gaussian_kernels.h).
 [[nodiscard]] CurveParameters RefineGaussian(std::span<const ZorPoint> points,
                                              std::span<const double> weights,
                                              const CurveParameters& start,
