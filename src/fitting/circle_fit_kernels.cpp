@@ -9,6 +9,43 @@
 namespace zor::fitting {
 namespace {
 
+/// The normal equations, whose last right side needs no sum of its own: that of -w^2 (x^2 + y^2) is
+/// in the matrix.
+template <typename Real>
+class CircleSums {
+ public:
+  template <typename Model>
+  explicit CircleSums(const Model& /*model*/) {}
+
+  template <typename Model>
+  void Add(const Model& model, std::size_t i, Real squared_weight) {
+    const Coordinates<Real> p = model.template At<Real>(i);
+    const Real target = model.template Target<Real>(i);
+    const Real bx = squared_weight * p.x;
+    const Real by = squared_weight * p.y;
+    xx_ += bx * p.x;
+    xy_ += bx * p.y;
+    yy_ += by * p.y;
+    x_ += bx;
+    y_ += by;
+    one_ += squared_weight;
+    x_target_ += bx * target;
+    y_target_ += by * target;
+  }
+
+  void AddTo(std::span<double> matrix, std::span<double> right_side) const {
+    const double xx = Total(xx_), xy = Total(xy_), yy = Total(yy_), x = Total(x_), y = Total(y_);
+    const std::array<double, 9> upper_and_lower{xx, xy, x, xy, yy, y, x, y, Total(one_)};
+    for (std::size_t k = 0; k < matrix.size(); ++k) matrix[k] += upper_and_lower[k];
+    right_side[0] += Total(x_target_);
+    right_side[1] += Total(y_target_);
+    right_side[2] -= xx + yy;
+  }
+
+ private:
+  Real xx_{0.0}, xy_{0.0}, yy_{0.0}, x_{0.0}, y_{0.0}, one_{0.0}, x_target_{0.0}, y_target_{0.0};
+};
+
 /// D x + E y + F = -(x^2 + y^2).
 class CircleModel {
  public:
@@ -17,7 +54,7 @@ class CircleModel {
   template <typename Real>
   using Row = std::array<Real, 3>;
   template <typename Real>
-  using Sums = NormalSums<3, Real>;
+  using Sums = CircleSums<Real>;
   static constexpr int kInnerPasses = 10;
   static constexpr bool kRestoreOnEqual = false;
   static constexpr Decomposition kSolve = Decomposition::kQr;
@@ -36,13 +73,17 @@ class CircleModel {
   [[nodiscard]] std::size_t MinimumWeights() const { return 3; }
 
   template <typename Real>
+  [[nodiscard]] Coordinates<Real> At(std::size_t i) const {
+    return LoadPoint<Real>(points_, i);
+  }
+  template <typename Real>
   void FillRow(std::size_t i, Row<Real>& row) const {
-    const Coordinates<Real> p = LoadPoint<Real>(points_, i);
+    const Coordinates<Real> p = At<Real>(i);
     row = {p.x, p.y, Real(1.0)};
   }
   template <typename Real>
   [[nodiscard]] Real Target(std::size_t i) const {
-    const Coordinates<Real> p = LoadPoint<Real>(points_, i);
+    const Coordinates<Real> p = At<Real>(i);
     return -(p.x * p.x + p.y * p.y);
   }
   void Settle(const Vector& c) {
@@ -51,7 +92,7 @@ class CircleModel {
   }
   template <typename Real>
   [[nodiscard]] Real Error(std::size_t i) const {
-    const Coordinates<Real> p = LoadPoint<Real>(points_, i);
+    const Coordinates<Real> p = At<Real>(i);
     const Real dx = p.x - circle_.centre.x;
     const Real dy = p.y - circle_.centre.y;
     return Magnitude(Root(dx * dx + dy * dy) - circle_.radius);

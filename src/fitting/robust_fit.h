@@ -194,13 +194,8 @@ struct Equations {
   Vector right_side;
 };
 
-/// The weight 1 of a first pass, as a functor for Gather.
-struct UnitWeights {
-  template <typename Real>
-  [[nodiscard]] Real Squared(std::size_t /*i*/) const {
-    return Real(1.0);
-  }
-};
+/// The weights 1 of a first pass, for Gather.
+struct UnitWeights {};
 
 /// The weight of an error below the clipping distance, else 0.
 template <typename Real>
@@ -237,25 +232,46 @@ template <typename Model>
   return left == 0;
 }
 
-/// Gathers the normal equations under the given weights; keep(i, w^2) sees each on the way.
+/// Calls body(i, one) for the points from `begin` to before `end`, by lanes as far as they go;
+/// `one` is a 1 of the type to compute with.
+template <typename Lane, typename Body>
+void ForEachLane(std::size_t begin, std::size_t end, const Body& body) {
+  constexpr std::size_t kStep = kLaneCount<Lane>;
+  std::size_t i = begin;
+  for (; i + kStep <= end; i += kStep) body(i, Lane(1.0));
+  for (; i < end; ++i) body(i, 1.0);
+}
+
+/// Gathers the normal equations under the given weights; keep(i, w^2) sees each on the way. The
+/// weights of a block come before its sums: a root and a quotient take so long that a loop for both
+/// holds too few points at a time to hide it.
 template <typename Model, typename Weights, typename Keep>
 void Gather(const Model& model, const Weights& weights, Keep keep,
             Equations<typename Model::Vector>& equations) {
   using Lane = typename Model::Lane;
-  constexpr std::size_t kStep = kLaneCount<Lane>;
+  constexpr bool kAreOnes = std::is_same_v<Weights, UnitWeights>;
+  constexpr std::size_t kBlock = 64;  // a multiple of the lanes
   typename Model::template Sums<Lane> sums(model);
   typename Model::template Sums<double> rest(model);
-  const std::size_t n = model.PointCount();
-  std::size_t i = 0;
-  for (; i + kStep <= n; i += kStep) {
-    const Lane w2 = weights.template Squared<Lane>(i);
-    keep(i, w2);
-    sums.Add(model, i, w2);
-  }
-  for (; i < n; ++i) {
-    const double w2 = weights.template Squared<double>(i);
-    keep(i, w2);
-    rest.Add(model, i, w2);
+  std::array<double, kBlock> squared;
+  for (std::size_t begin = 0; begin < model.PointCount(); begin += kBlock) {
+    const std::size_t end = std::min(begin + kBlock, model.PointCount());
+    if constexpr (!kAreOnes) {
+      ForEachLane<Lane>(begin, end, [&](std::size_t i, auto one) {
+        StoreAt(squared, i - begin, weights.template Squared<decltype(one)>(i));
+      });
+    }
+    ForEachLane<Lane>(begin, end, [&](std::size_t i, auto one) {
+      using Real = decltype(one);
+      Real w2 = one;
+      if constexpr (!kAreOnes) w2 = Load<Real>(squared, i - begin);
+      keep(i, w2);
+      if constexpr (std::is_same_v<Real, Lane>) {
+        sums.Add(model, i, w2);
+      } else {
+        rest.Add(model, i, w2);
+      }
+    });
   }
   equations.Clear();
   sums.AddTo(equations.matrix, equations.right_side);
@@ -362,6 +378,8 @@ void FitAbsolute(const Model& model, std::span<const double> squared_weights,
         c[j] += equations.inverse[j * k + l] * equations.right_side[l];
       }
     }
+    // Not a number makes all residuals so, and they the coefficients of all steps to come.
+    if (std::ranges::all_of(c, [](double value) { return std::isnan(value); })) return;
     const double sum = Step(model, c, squared_weights, multipliers, equations.right_side);
     // Deliberate: written so that a sum that is not a number ends nothing.
     const bool is_over = Model::kRestoreOnEqual ? sum >= last : sum > last;
