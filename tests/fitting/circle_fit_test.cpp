@@ -14,36 +14,32 @@
 
 using zor::elementary::Distance;
 using zor::test::ExpectNear;
-using zor::test::IsUntouched;
 using zor::test::kInfinity;
 using zor::test::kNaN;
 using zor::test::kUntouched;
-using zor::test::MatrixFit;
 using zor::test::UntouchedPoint;
 
 namespace {
 
 struct Outcome {
-  long status;
+  long status = -1;
   ZorPoint centre = UntouchedPoint();
   double radius = kUntouched;
-
-  [[nodiscard]] bool IsWritten() const { return !IsUntouched(centre) && !IsUntouched(radius); }
 };
 
 template <typename Method, typename... Args>
 Outcome Call(Method method, ZorPointArray points, Args... args) {
-  Outcome out{};
+  Outcome out;
   out.status = (ZorGeometryMeasure().*method)(points, args..., &out.centre, &out.radius);
   return out;
 }
-Outcome Plain(const ZorPointArray& points) { return Call(&ZorGeometryMeasure::FitCircle, points); }
 Outcome Squares(const ZorPointArray& points, int iterations, double clip) {
   return Call(&ZorGeometryMeasure::LeastSqaureCircleFit, points, iterations, clip);
 }
 Outcome Absolute(const ZorPointArray& points, int iterations, double clip) {
   return Call(&ZorGeometryMeasure::LeastAbsoluteCircleFit, points, iterations, clip);
 }
+Outcome Plain(const ZorPointArray& points) { return Call(&ZorGeometryMeasure::FitCircle, points); }
 Outcome Pairs(const ZorPointArray& points, const ZorVarArray& angles) {
   return Call(&ZorGeometryMeasure::PointAnglePairsCircleFit, points, angles);
 }
@@ -81,11 +77,10 @@ std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p, doubl
     cv::Mat(cv::Vec2d(p[1].x - co * p[0].x + si * p[0].y, p[1].y - si * p[0].x - co * p[0].y))
         .convertTo(right, CV_32F);
     cv::solve(matrix, right, c, cv::DECOMP_SVD);
-    const ZorPoint centre(double(c.at<float>(0)), double(c.at<float>(1)));
-    const float radius =
-        float((Distance(p[0], centre) + Distance(p[1], centre) + Distance(p[2], centre)) / 3);
-    const double misfit = Misfit(p, centre, double(radius));
-    if (misfit < least) best = {centre, radius};
+    const ZorPoint m(double(c.at<float>(0)), double(c.at<float>(1)));
+    const float radius = float((Distance(p[0], m) + Distance(p[1], m) + Distance(p[2], m)) / 3);
+    const double misfit = Misfit(p, m, double(radius));
+    if (misfit < least) best = {m, radius};
     least = std::min(least, misfit);
   }
   return best;
@@ -93,83 +88,69 @@ std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p, doubl
 
 }  // namespace
 
-TEST(CircleFits, CheckTheirArgumentsInOrder) {
-  const ZorPointArray two = {{0, 0}, {1, 0}}, arc = Arc({9, 9}, 5, 7);
+TEST(CircleFits, CheckTheirArgumentsInOrderAndFindTheCircle) {
+  const ZorPointArray two = {{0, 0}, {1, 0}}, arc = Arc({300, 200}, 40, 12);
   for (const auto& fit : {Squares, Absolute}) {
     EXPECT_EQ(fit(two, 0, -1).status, GM_E_TOO_FEW_POINTS);
     EXPECT_EQ(fit(arc, 0, -1).status, GM_E_PARAM_2);
     EXPECT_EQ(fit(arc, 1, -1e-9).status, GM_E_PARAM_3);
-    EXPECT_FALSE(fit(arc, 1, -1).IsWritten());
-    EXPECT_EQ(fit(arc, 1, 0).status, GM_OK);
+    EXPECT_EQ(fit(arc, 1, -1).radius, kUntouched);
   }
   EXPECT_EQ(Plain(two).status, GM_E_TOO_FEW_POINTS);
-}
-
-TEST(CircleFits, FindTheCircle) {
-  const ZorPointArray arc = Arc({300, 200}, 40, 12);
   ZorPointArray dented = arc;
   for (const int i : {2, 7}) dented[i] = {300, 200};
   EXPECT_EQ(Plain(dented).radius, Squares(dented, 1, 2).radius);
-  for (const Outcome& out :
-       {Plain(arc), Squares(arc, 1, 2), Squares(dented, 30, 30), Absolute(arc, 2, 2)}) {
+  for (const Outcome& out : {Plain(arc), Squares(dented, 30, 30), Absolute(arc, 2, 2)}) {
     EXPECT_EQ(out.status, GM_OK);
     ExpectNear(out.centre, {300, 200}, 1e-7);
     EXPECT_NEAR(out.radius, 40, 1e-7);
   }
 }
 
-TEST(CircleFits, RejectWhatIsNoCircle) {
+TEST(CircleFits, WriteWhatTheyReject) {
   const ZorPointArray line = {{0, 0}, {1, 1}, {2, 2}, {5, 5}};
   EXPECT_EQ(Plain(line).status, GM_E_PARAM_1);
-  EXPECT_EQ(Squares(line, 1, 2).status, GM_E_CIRCLE_FIT_FAILED);
-  EXPECT_EQ(Squares(line, 1, 2).centre, ZorPoint(0, 0)) << "written all the same";
-  EXPECT_EQ(Squares(line, 1, 2).radius, 0);
-  // Too small a radius: written and rejected, except by two passes of least squares.
+  EXPECT_EQ(Squares(line, 1, 2).centre, ZorPoint(0, 0));
+  // Too small a radius, except for two passes of least squares.
   const ZorPointArray tiny = {{1e-7, 0}, {0, 1e-7}, {-1e-7, 0}, {0, -1e-7}};
   EXPECT_EQ(Plain(tiny).status, GM_OK);
   EXPECT_EQ(Squares(tiny, 2, 1).status, GM_OK);
-  for (const Outcome& out : {Squares(tiny, 1, 1), Absolute(tiny, 1, 1)}) {
+  for (const Outcome& out : {Squares(line, 1, 2), Squares(tiny, 1, 1), Absolute(tiny, 1, 1)}) {
     EXPECT_EQ(out.status, GM_E_CIRCLE_FIT_FAILED);
-    EXPECT_NEAR(out.radius, 1e-7, 1e-12);
+    EXPECT_NEAR(out.radius, 5e-8, 6e-8);
   }
   // Radii 1 and 2 and an exact mean: a residual of 0 beside larger ones is not a number.
-  ZorPointArray nested = {{2, 0}, {-2, 0}, {0, 2}, {0, -2}};
-  for (int i = 0; i < 4; ++i) nested.Append(ZorPoint(0, 0));
+  ZorPointArray nested = {{2, 0}, {-2, 0}, {0, 2}, {0, -2}, {0, 0}, {0, 0}, {0, 0}, {0, 0}};
   for (const double x : {-1.0, 1.0, -1.0, 1.0}) nested.Append(ZorPointArray{{x, 1}, {x, -1}});
-  const Outcome nan = Absolute(nested, 1, 1);
-  EXPECT_EQ(nan.status, GM_E_CIRCLE_FIT_FAILED);
-  EXPECT_TRUE(std::isnan(nan.radius));
+  EXPECT_TRUE(std::isnan(Absolute(nested, 1, 1).radius));
 }
 
 TEST(CircleFits, AgreeWithWholeMatrices) {
   std::mt19937_64 rng(20240607);
   std::normal_distribution<double> noise(0, 0.6);
   for (int i = 0; i < 40; ++i) {
-    ZorPointArray points;
-    for (const ZorPoint& p : Arc({12, -7}, 15, 10 + i)) {
-      points.Append(p + ZorPoint(noise(rng), noise(rng)));
-    }
+    ZorPointArray points = Arc({12, -7}, 15, 10 + i);
+    for (ZorPoint& p : points) p = p + ZorPoint(noise(rng), noise(rng));
     points[3] = {12, -2};
     const double clip = 1.5 + 0.1 * (i % 9);
-    MatrixFit reference(points, clip, [](const ZorPoint& p) {
+    zor::test::MatrixFit reference(points, clip, [](const ZorPoint& p) {
       return std::vector<double>{p.x, p.y, 1, -(p.x * p.x + p.y * p.y)};
     });
     reference.inner_passes = 10;
     reference.solve = cv::DECOMP_QR;
     reference.least_weights = 3;
     reference.errors = [&](const cv::Mat& c) {
-      const auto [centre, r] = CircleOfModel(c);
       std::vector<double> errors;
+      const auto [centre, r] = CircleOfModel(c);
       for (const ZorPoint& p : points) errors.push_back(std::fabs(Distance(p, centre) - r));
       return errors;
     };
     for (const int passes : {1, 2, 3, 6}) {
-      SCOPED_TRACE(testing::Message() << "cloud " << i << ", " << passes << " passes");
       for (const auto& fit : {Squares, Absolute}) {
         const auto [centre, radius] = CircleOfModel(reference.Run(fit == Absolute, passes));
         const Outcome out = fit(points, passes, clip);
         ExpectNear(out.centre, centre, 1e-9);
-        EXPECT_NEAR(out.radius, radius, 1e-9);
+        EXPECT_NEAR(out.radius, radius, 1e-9) << "cloud " << i << ", " << passes << " passes";
       }
     }
     // Two weights are too few for another pass, three are not.
@@ -186,103 +167,81 @@ TEST(LeastAbsoluteCircle, EqualSumDoesNotEndThePass) {
   // third reaches the shrinkage and F = 0, the fourth is worse: radius 0, which is rejected.
   ZorPointArray points = {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}};
   for (int i = 0; i < 12; ++i) points.Append(ZorPoint(0, 0));
-  const Outcome out = Absolute(points, 1, 1);
-  EXPECT_EQ(out.radius, 0);
-  EXPECT_EQ(out.status, GM_E_CIRCLE_FIT_FAILED);
+  EXPECT_EQ(Absolute(points, 1, 1).radius, 0);
 }
 
 TEST(CircleFits, SurviveAnyPoints) {
   for (const double bad : {kNaN, kInfinity, -1e200}) {
-    ZorPointArray points = Arc({5, 5}, 3, 9);
-    points[4].y = bad;
+    const ZorPointArray points = {{8, 5}, {5, 8}, {2, 5}, {5, bad}};
     EXPECT_EQ(Squares(points, 3, 1).status, GM_E_CIRCLE_FIT_FAILED);
     EXPECT_EQ(Absolute(points, 3, 1).status, GM_E_CIRCLE_FIT_FAILED);
     EXPECT_EQ(Bisectors(points).status, bad == -1e200 ? GM_OK : GM_E_PARAM_1);
-    EXPECT_EQ(Pairs(points, {0.0, 1.0, 2.0, 3.0, bad, 5.0, 6.0, 7.0, 8.0}).status, GM_OK);
+    EXPECT_EQ(Pairs(points, {0.0, 1.0, bad, 3.0}).status, GM_OK);
   }
   const ZorPointArray same(std::vector<ZorPoint>(50000, ZorPoint(3, 4)));
-  EXPECT_EQ(Plain(same).status, GM_E_PARAM_1);
   EXPECT_NO_THROW(Squares(same, 1000000000, 1));
   EXPECT_NO_THROW(Absolute(same, 3, 1));
 }
 
 TEST(PointAnglePairsCircle, TwoPoints) {
-  struct Case {
-    const char* what;
-    ZorPointArray points;
-    ZorVarArray angles;
-    long status;
-    ZorPoint centre;
-    double radius;
+  const auto check = [](const ZorPointArray& points, const ZorVarArray& angles, long status,
+                        const ZorPoint& centre, double radius) {
+    const Outcome out = Pairs(points, angles);
+    EXPECT_EQ(out.status, status) << zor::test::Show(points[0]);
+    ExpectNear(out.centre, centre, 1e-4);
+    EXPECT_NEAR(out.radius, radius, 1e-4);
+    EXPECT_EQ(out.centre.x, std::round(out.centre.x * 1e4) / 1e4);
   };
   // Far enough for the five digits of pi to show: the hits of the two lines on x = 40000.
   const double y0 = 40000 * std::tan(45 * 3.14159 / 180);
   const double y1 = -40000 * std::tan(135 * 3.14159 / 180);
-  const double y = (y0 + y1) / 2, r = (std::hypot(40000, y0) + std::hypot(40000, y1)) / 2;
-  const ZorPoint untouched = UntouchedPoint();
-  for (const Case& c : {
-           Case{"level", {{0, 0}, {80000, 0}}, {45.0, 135.0}, GM_OK, {40000, y}, r},
-           {"column", {{2, 0}, {2, 8}}, {45.0, -45.0}, GM_OK, {6, 4}, 5.656854},
-           {"slanted", {{0, 0}, {4, 2}}, {0.0, 90.0}, GM_OK, {3.25, -1.5}, 3.75},
-           {"close", {{5, 5}, {5 + 9e-7, 5.1}}, {60.0, -60.0}, GM_OK, {5.0289, 5.05}, 0.057735},
-           {"upright line and bisector", {{0, 0}, {8, 0}}, {90.0, 45.0}, GM_E_FIT_FAILED, {}, 0},
-           {"upright lines", {{2, 1}, {2, 7}}, {90.0, -270.0}, GM_E_FIT_FAILED, {}, 0},
-           {"parallel lines", {{0, 0}, {4, 2}}, {30.0, 30.0}, GM_E_FIT_FAILED, {}, 0},
-           {"one point", {{5, 5}, {5 + 9e-7, 5}}, {1.0, 2.0}, GM_E_DEGENERATE_LINE, {}, 0},
-           {"a single point", {{5, 5}}, {1.0}, GM_E_PARAM_1, untouched, kUntouched},
-           {"an angle too few", {{5, 5}, {6, 6}}, {1.0}, GM_E_PARAM_2, untouched, kUntouched},
-       }) {
-    SCOPED_TRACE(c.what);
-    const Outcome out = Pairs(c.points, c.angles);
-    EXPECT_EQ(out.status, c.status);
-    ExpectNear(out.centre, c.centre, 1e-4);
-    EXPECT_NEAR(out.radius, c.radius, 1e-4);
-    EXPECT_EQ(out.centre.x, std::round(out.centre.x * 1e4) / 1e4);
-  }
+  const double r = (std::hypot(40000, y0) + std::hypot(40000, y1)) / 2;
+  check({{0, 0}, {80000, 0}}, {45.0, 135.0}, GM_OK, {40000, (y0 + y1) / 2}, r);
+  check({{2, 0}, {2, 8}}, {45.0, -45.0}, GM_OK, {6, 4}, 5.656854);
+  check({{0, 0}, {4, 2}}, {0.0, 90.0}, GM_OK, {3.25, -1.5}, 3.75);
+  check({{5, 5}, {5 + 9e-7, 5.1}}, {60.0, -60.0}, GM_OK, {5.0289, 5.05}, 0.057735);
+  // Lines that do not meet: one with the bisector, both upright, both slanted.
+  check({{0, 0}, {8, 0}}, {90.0, 45.0}, GM_E_FIT_FAILED, {0, 0}, 0);
+  check({{2, 1}, {2, 7}}, {90.0, -270.0}, GM_E_FIT_FAILED, {0, 0}, 0);
+  check({{0, 0}, {4, 2}}, {30.0, 30.0}, GM_E_FIT_FAILED, {0, 0}, 0);
+  check({{5, 5}, {5 + 9e-7, 5}}, {1.0, 2.0}, GM_E_DEGENERATE_LINE, {0, 0}, 0);
+  check({{5, 5}}, {1.0}, GM_E_PARAM_1, UntouchedPoint(), kUntouched);
+  check({{5, 5}, {6, 6}}, {1.0}, GM_E_PARAM_2, UntouchedPoint(), kUntouched);
 }
 
 TEST(PointAnglePairsCircle, AgreesWithEveryTripleInBothSenses) {
   std::mt19937_64 rng(20240607);
   std::uniform_real_distribution<double> unit(0, 1);
   for (int i = 0; i < 60; ++i) {
-    const bool is_stage = i % 2 == 0;  // points turned about a centre, or any
     std::vector<ZorPoint> points;
     std::vector<double> angles;
-    const double sense = i % 4 == 0 ? 1 : -1;
-    for (int k = 0; k < 3 + i % 7; ++k) {
-      const double t = 160 * unit(rng);
-      angles.push_back(t);
-      const double a = sense * t * 3.1415926 / 180;
-      points.push_back(is_stage ? ZorPoint(50 + 30 * std::cos(a), 20 + 30 * std::sin(a))
-                                : ZorPoint(90 * unit(rng), 90 * unit(rng)));
+    for (int k = 0; k < 4; ++k) {  // turned about a centre in either sense, or any
+      angles.push_back(160 * unit(rng));
+      const double turn = (i % 4 == 0 ? 1 : -1) * angles[std::size_t(k)] * 3.1415926 / 180;
+      points.push_back(i % 2 == 0 ? ZorPoint(50 + 30 * std::cos(turn), 20 + 30 * std::sin(turn))
+                                  : ZorPoint(90 * unit(rng), 90 * unit(rng)));
     }
     std::array<ZorPoint, 2> centres;
     double radii = 0;
     float single = 0;
-    int count = 0;
-    for (std::size_t a = 0; a < points.size(); ++a) {
-      for (std::size_t b = a + 1; b < points.size(); ++b) {
-        for (std::size_t c = b + 1; c < points.size(); ++c, ++count) {
-          const std::vector<ZorPoint> three{points[a], points[b], points[c]};
-          const auto given = RotationOfThree(three, angles[b] - angles[a]);
-          const auto negated = RotationOfThree(three, angles[a] - angles[b]);
-          centres = {centres[0] + given.first, centres[1] + negated.first};
-          radii += double(given.second);
-          single += negated.second;
-        }
-      }
+    for (const auto& [a, b, c] : {std::array{0, 1, 2}, {0, 1, 3}, {0, 2, 3}, {1, 2, 3}}) {
+      const auto at = [](const auto& values, int k) { return values[std::size_t(k)]; };
+      const std::vector<ZorPoint> three{at(points, a), at(points, b), at(points, c)};
+      const auto given = RotationOfThree(three, at(angles, b) - at(angles, a));
+      const auto negated = RotationOfThree(three, at(angles, a) - at(angles, b));
+      centres = {centres[0] + given.first, centres[1] + negated.first};
+      radii += double(given.second);
+      single += negated.second;
     }
-    for (ZorPoint& centre : centres) centre = {centre.x / count, centre.y / count};
-    const std::array means{radii / count, double(single / float(count))};
+    for (ZorPoint& centre : centres) centre = {centre.x / 4, centre.y / 4};
+    const std::array means{radii / 4, double(single / 4)};
     const bool is_negated =
         Misfit(points, centres[1], means[1]) < Misfit(points, centres[0], means[0]);
-    ZorVarArray vars;
-    for (const double t : angles) vars.Append(t);
-    const Outcome out = Pairs(ZorPointArray(points), vars);
+    const Outcome out = Pairs(ZorPointArray(points), {angles[0], angles[1], angles[2], angles[3]});
     EXPECT_EQ(out.status, GM_OK);
-    EXPECT_EQ(out.centre, centres[is_negated ? 1 : 0]);
-    EXPECT_EQ(out.radius, means[is_negated ? 1 : 0]);
-    if (is_stage) ExpectNear(out.centre, {50, 20}, 0.02);
+    EXPECT_EQ(out.centre, centres[is_negated]);
+    EXPECT_EQ(out.radius, means[is_negated]);
+    if (i % 2 == 0) ExpectNear(out.centre, {50, 20}, 0.02);
   }
 }
 
@@ -291,20 +250,15 @@ TEST(VerticalBisectorCircle, MeansOverAllPairsOfBisectors) {
   EXPECT_EQ(Bisectors(Arc({9, 9}, 4, 1001)).status, GM_E_PARAM_1);
   EXPECT_EQ(Bisectors({{0, 0}, {1, 1}, {2, 2}}).status, GM_E_PARAM_1);          // parallel
   EXPECT_EQ(Bisectors({{0, 0}, {0, 0}, {1, 1}, {2, 0}}).status, GM_E_PARAM_1);  // no direction
-  const Outcome exact = Bisectors(Arc({30, 20}, 10, 1000));
-  ExpectNear(exact.centre, {30, 20}, 1e-6);
-  EXPECT_NEAR(exact.radius, 10, 1e-6);
+  EXPECT_NEAR(Bisectors(Arc({30, 20}, 10, 1000)).radius, 10, 1e-6);
   // Chords along the axes, whose bisectors are level or upright.
   ExpectNear(Bisectors({{0, 0}, {4, 0}, {4, 2}}).centre, {2, 1}, 1e-12);
   ExpectNear(Bisectors({{4, 2}, {4, 0}, {0, 0}}).centre, {2, 1}, 1e-12);
   // Bisectors x = 2, x + y = 6 and y = 0: crossings (2, 4), (2, 0), (6, 0).
   ExpectNear(Bisectors({{0, 0}, {4, 0}, {6, 2}, {6, -2}}).centre, {10 / 3.0, 4 / 3.0}, 1e-12);
-}
-
-TEST(VerticalBisectorCircle, NegativeCentresMoveToTheAxis) {
-  const Outcome out = Bisectors({{-5, 5}, {-3, 3}, {-5, 1}, {-7, 3}});
-  EXPECT_EQ(out.status, GM_OK);
-  ExpectNear(out.centre, {0, 3}, 1e-12);
-  EXPECT_EQ(out.centre.x, 0);
-  EXPECT_NEAR(out.radius, (2 * std::sqrt(29.0) + 3 + 7) / 4, 1e-12);
+  // Negative coordinates of the centre move to the axis, and the radius with them.
+  const Outcome moved = Bisectors({{-5, 5}, {-3, 3}, {-5, 1}, {-7, 3}});
+  ExpectNear(moved.centre, {0, 3}, 1e-12);
+  EXPECT_EQ(moved.centre.x, 0);
+  EXPECT_NEAR(moved.radius, (2 * std::sqrt(29.0) + 3 + 7) / 4, 1e-12);
 }

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -6,62 +7,81 @@
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
-using Facade = ZORMV::ZorGeometryMeasureDlg;
-using zor::test::Want;
-
 TEST(FittingOperations, LeaveTheirRecordsAndAcceptNullOutputs) {
   ZorGeometryMeasure m;
-  Facade dlg;
-  ZorPointArray edge = {{0, 0}, {3, 1}, {6, 2}, {9, 3}};
+  ZORMV::ZorGeometryMeasureDlg dlg;
+  ZorPointArray arc = {{5, 0}, {0, 5}, {-5, 0}, {0, -5}, {3, 4}}, two = {{0, 0}, {8, 0}}, curve,
+                profile = {{0, 1}, {1, 3}, {2, 4}, {3, 2}, {4, 1}};
+  ZorVarArray turns = {0.0, 90.0, 180.0, 270.0, 53.0}, angles = {45.0, 135.0}, v;
+  ZorVar var;
   ZorPoint p, q;
-  ZorVar value;
-  ZorPointArray arc = {{5, 0}, {0, 5}, {-5, 0}, {0, -5}, {3, 4}}, two = {{0, 0}, {8, 0}};
-  ZorVarArray turns = {0.0, 90.0, 180.0, 270.0, 53.0}, angles = {45.0, 135.0};
-  double radius = 0.0;
+  double r = 0, mean = 0, variance = 0;
   float a = 0, b = 0, turn = 0;
-  const auto ellipse = [&](bool w, auto& object, auto method, auto... settings) {
-    return (object.*method)(arc, settings..., Want(w, p), Want(w, a), Want(w, b), Want(w, turn));
+  std::vector<zor::test::OperationRow> rows;
+  const auto add = [&](const std::string& name, const std::string& trace, auto call) {
+    rows.push_back({name, trace, [call](bool wanted) {
+                      return call([wanted](auto& out) { return wanted ? &out : nullptr; });
+                    }});
   };
-  std::string five_distances;
-  for (int i = 0; i < 5; ++i) five_distances += " +PointToOvalDistance -PointToOvalDistance";
-  zor::test::CheckRows({
-      {"FitLine", "", [&](bool w) { return m.FitLine(edge, 1, 2, Want(w, p), Want(w, q)); }},
-      {"LeastSqaureLineFit, one pass", "+LeastSqaureLineFit",
-       [&](bool w) { return m.LeastSqaureLineFit(edge, 1, 2, Want(w, p), Want(w, q)); }},
-      {"Dlg::LeastSqaureLineFit", "+LeastSqaureLineFit -LeastSqaureLineFit",
-       [&](bool w) { return dlg.LeastSqaureLineFit(edge, 2, 2, Want(w, p), Want(w, q)); }},
-      {"Dlg::LeastAbsoluteLineFit", "+LeastAbsoluteLineFit -LeastAbsoluteLineFit",
-       [&](bool w) { return dlg.LeastAbsoluteLineFit(edge, 1, 2, Want(w, p), Want(w, q)); }},
-      {"FitCircle", "", [&](bool w) { return m.FitCircle(arc, Want(w, p), Want(w, radius)); }},
-      {"LeastSqaureCircleFit, one pass", "+LeastSqaureCircleFit",
-       [&](bool w) { return m.LeastSqaureCircleFit(arc, 1, 2, Want(w, p), Want(w, radius)); }},
-      {"Dlg::LeastSqaureCircleFit", "+LeastSqaureCircleFit -LeastSqaureCircleFit",
-       [&](bool w) { return dlg.LeastSqaureCircleFit(arc, 2, 2, Want(w, p), Want(w, radius)); }},
-      {"Dlg::LeastAbsoluteCircleFit", "+LeastAbsoluteCircleFit -LeastAbsoluteCircleFit",
-       [&](bool w) { return dlg.LeastAbsoluteCircleFit(arc, 1, 2, Want(w, p), Want(w, radius)); }},
-      {"Dlg::PointAnglePairsCircleFit", "+PointAnglePairsCircleFit -PointAnglePairsCircleFit",
-       [&](bool w) {
-         return dlg.PointAnglePairsCircleFit(arc, turns, Want(w, p), Want(w, radius));
-       }},
-      {"PointAnglePairsCircleFit, two points",
-       "+PointAnglePairsCircleFit +LinesIntersection -LinesIntersection +LinesIntersection "
-       "-LinesIntersection +LinesIntersection -LinesIntersection",
-       [&](bool w) {
-         return m.PointAnglePairsCircleFit(two, angles, Want(w, p), Want(w, radius));
-       }},
-      {"Dlg::VerticalBisectorCircleFit", "+VerticalBisectorCircleFit -VerticalBisectorCircleFit",
-       [&](bool w) { return dlg.VerticalBisectorCircleFit(arc, Want(w, p), Want(w, radius)); }},
-      {"FitEllipse", "", [&](bool w) { return ellipse(w, m, &ZorGeometryMeasure::FitEllipse); }},
-      {"LeastSqaureEllipseFit, one pass", "+LeastSqaureEllipseFit",
-       [&](bool w) { return ellipse(w, dlg, &Facade::LeastSqaureEllipseFit, 1, 2.0); }},
-      {"Dlg::LeastSqaureEllipseFit",
-       "+LeastSqaureEllipseFit" + five_distances + " -LeastSqaureEllipseFit",
-       [&](bool w) { return ellipse(w, dlg, &Facade::LeastSqaureEllipseFit, 2, 2.0); }},
-      {"Dlg::LeastAbsoluteEllipseFit", "+LeastAbsoluteEllipseFit -LeastAbsoluteEllipseFit",
-       [&](bool w) { return ellipse(w, dlg, &Facade::LeastAbsoluteEllipseFit, 1, 2.0); }},
-      {"SSETest", "",
-       [&](bool w) {
-         return m.SSETest({1.0, 2.0}, Want(w, value));
-       }},
-  });
+  const auto traced = [&](const std::string& name, auto call, const std::string& nested = "") {
+    add(name, "+" + name + nested + " -" + name, call);
+  };
+  std::string distances, crossings;
+  for (int i = 0; i < 5; ++i) distances += " +PointToOvalDistance -PointToOvalDistance";
+  for (int i = 0; i < 3; ++i) crossings += " +LinesIntersection -LinesIntersection";
+
+  add("FitLine", "", [&](auto o) { return m.FitLine(arc, 1, 2, o(p), o(q)); });
+  add("LeastSqaureLineFit, one pass", "+LeastSqaureLineFit",
+      [&](auto o) { return m.LeastSqaureLineFit(arc, 1, 2, o(p), o(q)); });
+  traced("LeastSqaureLineFit",
+         [&](auto o) { return dlg.LeastSqaureLineFit(arc, 2, 2, o(p), o(q)); });
+  traced("LeastAbsoluteLineFit",
+         [&](auto o) { return dlg.LeastAbsoluteLineFit(arc, 1, 2, o(p), o(q)); });
+  add("SSETest", "", [&](auto o) { return m.SSETest(turns, o(var)); });
+  add("FitCircle", "", [&](auto o) { return m.FitCircle(arc, o(p), o(r)); });
+  add("LeastSqaureCircleFit, one pass", "+LeastSqaureCircleFit",
+      [&](auto o) { return m.LeastSqaureCircleFit(arc, 1, 2, o(p), o(r)); });
+  traced("LeastSqaureCircleFit",
+         [&](auto o) { return dlg.LeastSqaureCircleFit(arc, 2, 2, o(p), o(r)); });
+  traced("LeastAbsoluteCircleFit",
+         [&](auto o) { return dlg.LeastAbsoluteCircleFit(arc, 1, 2, o(p), o(r)); });
+  traced("PointAnglePairsCircleFit",
+         [&](auto o) { return dlg.PointAnglePairsCircleFit(arc, turns, o(p), o(r)); });
+  add("PointAnglePairsCircleFit, two points", "+PointAnglePairsCircleFit" + crossings,
+      [&](auto o) { return m.PointAnglePairsCircleFit(two, angles, o(p), o(r)); });
+  traced("VerticalBisectorCircleFit",
+         [&](auto o) { return dlg.VerticalBisectorCircleFit(arc, o(p), o(r)); });
+  add("FitEllipse", "", [&](auto o) { return m.FitEllipse(arc, o(p), o(a), o(b), o(turn)); });
+  const auto ellipse = [&](int passes) {
+    return [&, passes](auto o) {
+      return dlg.LeastSqaureEllipseFit(arc, passes, 2, o(p), o(a), o(b), o(turn));
+    };
+  };
+  add("LeastSqaureEllipseFit, one pass", "+LeastSqaureEllipseFit", ellipse(1));
+  traced("LeastSqaureEllipseFit", ellipse(2), distances);
+  traced("LeastAbsoluteEllipseFit",
+         [&](auto o) { return dlg.LeastAbsoluteEllipseFit(arc, 1, 2, o(p), o(a), o(b), o(turn)); });
+  traced("LeastSqaurePolynomialFit",
+         [&](auto o) { return m.LeastSqaurePolynomialFit(profile, 2, 2, 1, o(v), o(curve)); });
+  traced("LeastAbsolutePolynomialFit",
+         [&](auto o) { return m.LeastAbsolutePolynomialFit(profile, 2, 2, 1, o(v), o(curve)); });
+  add("SolveLinerEquationsPolynomialFit: 1 is success", "",
+      [&](auto o) { return m.SolveLinerEquationsPolynomialFit(profile, 2, o(v), o(curve)) - 1; });
+  add("GenPolynomialCurve", "",
+      [&](auto o) { return m.GenPolynomialCurve(profile, 2, 2, 1, o(v), o(curve)); });
+  traced("GenGaussianCurve",
+         [&](auto o) { return m.GenGaussianCurve(profile, 2, 1, o(v), o(curve)); });
+  traced("GenSinCurve", [&](auto o) { return m.GenSinCurve(profile, 2, 1, o(v), o(curve)); });
+  traced("FitSinCurve", [&](auto o) { return m.FitSinCurve(profile, 0, o(v)); });
+  add("FitCurve", "", [&](auto o) { return m.FitCurve(profile, 2, o(v)); });
+  add("FitCurveInv", "", [&](auto o) { return m.FitCurveInv(profile, 1, o(v)); });
+  add("FitGaussianCurve, closed form", "",
+      [&](auto o) { return m.FitGaussianCurve(profile, o(r), o(mean), o(variance)); });
+  traced("FitGaussianCurve", [&](auto o) { return m.FitGaussianCurve(profile, 0, o(v)); });
+  traced("GenSplineCurve", [&](auto o) { return m.GenSplineCurve(profile, 0, 2, o(curve)); });
+  traced("Point2DNormal", [&](auto o) { return m.Point2DNormal(profile, 2, o(curve)); });
+  traced("DiscretePoint2DNormal",
+         [&](auto o) { return m.DiscretePoint2DNormal(profile, o(curve)); });
+  add("FitPlane", "", [&](auto) { return m.FitPlane(); });
+  zor::test::CheckRows(rows);
 }

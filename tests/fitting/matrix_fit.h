@@ -13,7 +13,6 @@ namespace zor::test {
 
 /// The re-weighted fits written out with whole matrices: the reference for the one-sweep ones.
 struct MatrixFit {
-  MatrixFit() = default;
   /// Rows and targets from equation(point), k + 1 numbers; errors |a c - b|, a fixed clip.
   template <typename Equation>
   MatrixFit(const ZorPointArray& points, double fixed_clip, const Equation& equation) {
@@ -34,7 +33,6 @@ struct MatrixFit {
   int inner_passes = 50;
   bool restore_on_equal = false;
   int solve = cv::DECOMP_LU;
-  int inverse = cv::DECOMP_LU;
   int least_weights = 2;
   std::function<std::vector<double>(const cv::Mat& c)> errors;
   std::function<double(std::vector<double> errors)> clip;
@@ -49,7 +47,7 @@ struct MatrixFit {
         weighted.col(i) *= w.at<double>(i) * w.at<double>(i);
       }
       if (absolute) {
-        Absolute(cv::Mat((weighted * a).inv(inverse) * weighted), c);
+        Absolute(cv::Mat((weighted * a).inv() * weighted), c);
       } else {
         cv::solve(weighted * a, weighted * b, c, solve);
       }
