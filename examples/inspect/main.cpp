@@ -25,12 +25,13 @@ constexpr int kExitOffLimits = 3;  // the plate was measured, but some row misse
 constexpr std::size_t kMaxParts = 100;
 
 /// In this order: later ones build on what earlier ones found.
-constexpr std::array<void (*)(inspect::PlateBench*), 14> kPlateGroups = {
+constexpr std::array<void (*)(inspect::PlateBench*), 18> kPlateGroups = {
     inspect::MeasureEdges,     inspect::MeasureCorners, inspect::MeasureDistances,
     inspect::MeasureParallels, inspect::MeasureBores,   inspect::MeasureSlot,
     inspect::MeasureCurves,    inspect::MeasureOutline, inspect::MeasureCrossings,
     inspect::MeasureTangents,  inspect::MeasureZones,   inspect::MeasureSelections,
-    inspect::MeasureWebs,      inspect::MeasureForms};
+    inspect::MeasureWebs,      inspect::MeasureForms,   inspect::MeasureNick,
+    inspect::MeasureBand,      inspect::MeasureBlobs,   inspect::MeasureDots};
 
 constexpr const char* kUsage =
     "usage: inspect [IMAGE] [--truth FILE] [--out DIR]\n"

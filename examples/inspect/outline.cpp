@@ -46,17 +46,7 @@ double Distance(const cv::Point2d& a, const cv::Point2d& b) {
 Ring Resampled(std::vector<cv::Point2d> polygon) {
   if (SignedArea(polygon) < 0) std::reverse(polygon.begin(), polygon.end());
   Ring ring;
-  double until_next = 0;
-  for (std::size_t i = 0; i < polygon.size(); ++i) {
-    const cv::Point2d& from = polygon[i];
-    const cv::Point2d& to = polygon[(i + 1) % polygon.size()];
-    const double length = Distance(from, to);
-    while (until_next < length) {
-      ring.points.push_back(from + (to - from) * (until_next / length));
-      until_next += 1;
-    }
-    until_next -= length;
-  }
+  ring.points = InEqualSteps(polygon, 1);
   for (int i = 0; i < ring.Size(); ++i) {
     cv::Point2d sum(0, 0);
     for (int k = -kSmoothing; k <= kSmoothing; ++k) sum += ring.points[ring.Index(i + k)];
@@ -155,6 +145,21 @@ std::vector<cv::Point2d> Joined(const std::vector<Stretch>& stretches) {
 }
 
 }  // namespace
+
+std::vector<cv::Point2d> InEqualSteps(const std::vector<cv::Point2d>& polygon, double step) {
+  std::vector<cv::Point2d> points;
+  double until_next = 0;
+  for (std::size_t i = 0; i < polygon.size(); ++i) {
+    const cv::Point2d& from = polygon[i];
+    const cv::Point2d way = polygon[(i + 1) % polygon.size()] - from;
+    const double length = Distance(from, from + way);
+    for (; until_next < length; until_next += step) {
+      points.push_back(from + way * (until_next / length));
+    }
+    until_next -= length;
+  }
+  return points;
+}
 
 double SignedArea(const std::vector<cv::Point2d>& polygon) {
   double twice = 0;

@@ -20,6 +20,9 @@ struct Outline {
 Outline TraceOutline(const cv::Mat& grey, const std::vector<cv::Point2d>& rough,
                      const SearchOptions& options);
 
+/// Points in equal steps around a closed polygon.
+std::vector<cv::Point2d> InEqualSteps(const std::vector<cv::Point2d>& polygon, double step);
+
 /// Positive for a polygon that runs clockwise on the screen.
 double SignedArea(const std::vector<cv::Point2d>& polygon);
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "figures.h"
+#include "outline.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
 
@@ -11,22 +12,6 @@ namespace inspect {
 namespace {
 
 constexpr double kResampling = 0.5;  // step along the outline, pixels
-
-/// Points in equal steps around a closed polygon.
-ZorPointArray InEqualSteps(const std::vector<cv::Point2d>& polygon) {
-  ZorPointArray points;
-  double until_next = 0;
-  for (std::size_t i = 0; i < polygon.size(); ++i) {
-    const cv::Point2d& from = polygon[i];
-    const cv::Point2d way = polygon[(i + 1) % polygon.size()] - from;
-    const double length = cv::norm(way);
-    for (; until_next < length; until_next += kResampling) {
-      points.Append(ToZor(from + way * (until_next / length)));
-    }
-    until_next -= length;
-  }
-  return points;
-}
 
 }  // namespace
 
@@ -54,7 +39,7 @@ AreaMoments MomentsOf(const std::vector<cv::Point2d>& outline) {
 
 WireAxes AxesOf(const std::vector<cv::Point2d>& outline) {
   ZORMV::ZorGeometryMeasureDlg measure;
-  ZorPointArray points = InEqualSteps(outline);
+  ZorPointArray points = ToZor(InEqualSteps(outline, kResampling));
   ZorVarArray variances;  // the smaller first
   ZorPointArray axes;
   WireAxes wire;

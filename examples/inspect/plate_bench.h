@@ -16,6 +16,7 @@ namespace inspect {
 // Largest accepted errors.
 inline constexpr double kAngleLimit_deg = 0.02;
 inline constexpr double kPositionLimit = 0.05;  // pixels
+inline constexpr double kCountLimit = 0.5;      // numbers of things are exact
 
 /// A straight edge as found in the picture, from its first to its last edge point.
 struct MeasuredEdge {
@@ -106,5 +107,13 @@ void MeasureSelections(PlateBench* bench);
 void MeasureWebs(PlateBench* bench);
 /// Roundness, straightness, rectangularity; enclosing and inscribed figures.
 void MeasureForms(PlateBench* bench);
+/// Where the straight edges stray from their lines: the nick, its depth and its place.
+void MeasureNick(PlateBench* bench);
+/// The band between the outline moved outwards and inwards.
+void MeasureBand(PlateBench* bench);
+/// The bores counted and sized as dark areas of the binary picture, and the metal's pixels.
+void MeasureBlobs(PlateBench* bench);
+/// The fiducials as the darkest pixels of the metal.
+void MeasureDots(PlateBench* bench);
 
 }  // namespace inspect

@@ -99,6 +99,9 @@ Slot ToleranceZone(const Slot& drawn);
 inline constexpr double kSagFrom = 310;
 inline constexpr double kSagTo = 910;
 
+/// The tolerance band of the outline reaches this far to both sides.
+inline constexpr double kBandHalfWidth = 4;
+
 /// Point of the bottom side at t in [0, 1] from its first corner.
 cv::Point2d BottomPoint(const Plate& plate, double t);
 

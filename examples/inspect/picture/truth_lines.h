@@ -56,6 +56,8 @@ void AddZones(const Plate& plate, TruthLines* truth);
 void AddWebs(const Plate& plate, TruthLines* truth);
 void AddForms(const Plate& plate, TruthLines* truth);
 void AddOutlineCurve(const Outline& outline, TruthLines* truth);
+void AddBand(const Outline& outline, TruthLines* truth);
+void AddPixels(const Plate& plate, TruthLines* truth);
 void AddFarthest(const Outline& outline, TruthLines* truth);
 
 }  // namespace plate

@@ -114,6 +114,8 @@ std::string TruthText(const Plate& plate) {
   AddZones(plate, &truth);
   AddWebs(plate, &truth);
   AddForms(plate, &truth);
+  AddBand(OuterOutline(plate), &truth);
+  AddPixels(plate, &truth);
   return truth.text_;
 }
 
