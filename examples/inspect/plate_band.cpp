@@ -6,7 +6,7 @@
 namespace inspect {
 namespace {
 
-const std::string kGroup = "Tolerance band of the outline";
+constexpr const char* kGroup = "Tolerance band of the outline";
 constexpr double kStep = 0.5;            // between points of the outline, pixels
 constexpr double kAreaShare = 5e-4;      // as for the outline itself
 constexpr double kBandAreaShare = 1e-3;  // of an area that is mostly its edges' length

@@ -9,7 +9,7 @@
 namespace inspect {
 namespace {
 
-const std::string kGroup = "Bores, areas in the binary picture";
+constexpr const char* kGroup = "Bores, areas in the binary picture";
 // Square pixels: more than a fiducial and less than the slot, the window and the table around.
 constexpr float kMinBore = 1000;
 constexpr float kMaxBore = 20000;

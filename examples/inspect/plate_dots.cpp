@@ -9,7 +9,7 @@
 namespace inspect {
 namespace {
 
-const std::string kGroup = "Fiducials, darkest pixels of the metal";
+constexpr const char* kGroup = "Fiducials, darkest pixels of the metal";
 constexpr int kBorder = 5;      // pixels along the metal's edges that are left out
 constexpr int kDarkest = 145;   // grey; the smoothed dots stay below it, the metal does not
 constexpr int kRadius = 8;      // pixels; no two dots are nearer

@@ -82,6 +82,14 @@ void AddWebs(const Plate& plate, TruthLines* truth) {
   const Outline outline = OuterOutline(plate);
   const Bore& bore = plate.bores[0];
   AddAround(bore.name, outline, CircleOutline(bore.centre, bore.radius), truth);
+  double thinnest = Length(plate.bores[1].centre - bore.centre);
+  for (const Bore& a : plate.bores) {
+    for (const Bore& b : plate.bores) {
+      const double between = Length(b.centre - a.centre);
+      if (between > 0) thinnest = std::min(thinnest, between - a.radius - b.radius);
+    }
+  }
+  truth->Add("web.thinnest", thinnest);
   AddAround("slot", outline, EllipseOutline(plate.slot), truth);
 }
 

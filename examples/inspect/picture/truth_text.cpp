@@ -35,10 +35,8 @@ void AddWidths(const Plate& plate, TruthLines* truth) {
   const auto& c = plate.corners;
   truth->Add("distance.left.right",
              DistanceToLine(0.5 * (c[kLeft] + c[kTop]), c[kRight], c[kRight + 1]));
-  const double between_bores = Length(plate.bores[2].centre - plate.bores[1].centre);
   truth->Add("distance.window_top.window_bottom", plate.window.height);
   truth->Add("distance.window_left.window_right", plate.window.width);
-  truth->Add("web.bore_2.bore_3", between_bores - plate.bores[1].radius - plate.bores[2].radius);
 }
 
 /// Area, centroid and central second moments of the outer outline without its holes, by Green's
