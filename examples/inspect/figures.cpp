@@ -28,6 +28,13 @@ std::string Circle(const std::string& style, const ZorPoint& centre, double radi
          Attribute("r", radius) + "/>";
 }
 
+std::string Ellipse(const std::string& style, const ZorPoint& centre, double a, double b,
+                    double angle_deg) {
+  // SVG turns from +x towards +y, which is clockwise on the screen.
+  return "<ellipse class=\"" + style + "\"" + Attribute("rx", a) + Attribute("ry", b) +
+         " transform=\"translate(" + Pair(centre) + ") rotate(" + Coordinate(-angle_deg) + ")\"/>";
+}
+
 /// The point at `radius` from the vertex towards `to`.
 ZorPoint Towards(const ZorPoint& vertex, const ZorPoint& to, double radius) {
   const ZorPoint d = to - vertex;
@@ -59,9 +66,11 @@ std::string SvgHintCircle(const ZorPoint& centre, double radius) {
 }
 
 std::string SvgEllipse(const ZorPoint& centre, double a, double b, double angle_deg) {
-  // SVG turns from +x towards +y, which is clockwise on the screen.
-  return "<ellipse class=\"line\"" + Attribute("rx", a) + Attribute("ry", b) +
-         " transform=\"translate(" + Pair(centre) + ") rotate(" + Coordinate(-angle_deg) + ")\"/>";
+  return Ellipse("line", centre, a, b, angle_deg);
+}
+
+std::string SvgHintEllipse(const ZorPoint& centre, double a, double b, double angle_deg) {
+  return Ellipse("hint", centre, a, b, angle_deg);
 }
 
 std::string SvgPolygon(const std::vector<cv::Point2d>& corners) {

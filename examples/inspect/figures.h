@@ -24,6 +24,7 @@ std::string SvgCircle(const ZorPoint& centre, double radius);
 std::string SvgHintCircle(const ZorPoint& centre, double radius);
 /// Semi-axis a along `angle_deg`, counter-clockwise on the screen.
 std::string SvgEllipse(const ZorPoint& centre, double a, double b, double angle_deg);
+std::string SvgHintEllipse(const ZorPoint& centre, double a, double b, double angle_deg);
 std::string SvgPolygon(const std::vector<cv::Point2d>& corners);
 std::string SvgCurve(const std::vector<cv::Point2d>& points);
 /// Small dots.

@@ -93,16 +93,17 @@ cv::Vec4d SideLine(const cv::Point2d* first, const cv::Point2d* last) {
   return line;
 }
 
-/// Whether the rough outline between both ends reaches beyond the corner. Blur and threshold round
-/// corners off, so one that the rough outline goes round is none: it is a notch or a bump.
+/// Whether the rough outline between both ends reaches beyond the corner, or to the other side of
+/// their chord. Blur and threshold round corners off, so one that the rough outline goes round is
+/// none: it is a notch or a bump.
 bool IsPassed(const cv::Point2d& from, const cv::Point2d& corner, const cv::Point2d& to,
               const std::vector<cv::Point2d>& rough) {
   const cv::Point2d chord = to - from;
   const double length = std::sqrt(chord.dot(chord));
   const double reach = chord.cross(corner - from);
   return std::any_of(rough.begin(), rough.end(), [&](const cv::Point2d& p) {
-    const double way = chord.cross(p - from);
-    return (reach < 0 ? reach - way : way - reach) > kMaxPassed * length;
+    const double way = reach < 0 ? -chord.cross(p - from) : chord.cross(p - from);
+    return std::max(way - std::abs(reach), -way) > kMaxPassed * length;
   });
 }
 

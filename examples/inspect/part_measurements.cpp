@@ -6,6 +6,7 @@
 #include "figures.h"
 #include "outline.h"
 #include "part_shape.h"
+#include "side_defects.h"
 #include "straight_sides.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
@@ -35,7 +36,8 @@ class PartRows {
   /// rows: "" or "hole 2, ".
   void AddExtent(const std::vector<cv::Point2d>& outline, const std::string& what);
   /// The straight sides of the outline with the chain of pixels `chain`.
-  void AddSides(const std::vector<cv::Point2d>& chain, const std::string& what);
+  void AddSides(const std::vector<cv::Point2d>& outline, const std::vector<cv::Point2d>& chain,
+                const std::string& what);
   std::vector<Row> rows_;
 
  private:
@@ -43,6 +45,8 @@ class PartRows {
   void AddLength(const StraightSide& before, const StraightSide& side, const StraightSide& after,
                  const std::string& name);
   void AddAngle(const StraightSide& first, const StraightSide& second, const std::string& name);
+  void AddDefects(const std::vector<cv::Point2d>& outline, const std::vector<StraightSide>& sides,
+                  const std::string& what);
   void AddWidths(const std::vector<StraightSide>& sides, const std::vector<std::string>& names);
 
   const cv::Mat& grey_;
@@ -141,7 +145,26 @@ void PartRows::AddWidths(const std::vector<StraightSide>& sides,
   }
 }
 
-void PartRows::AddSides(const std::vector<cv::Point2d>& chain, const std::string& what) {
+void PartRows::AddDefects(const std::vector<cv::Point2d>& outline,
+                          const std::vector<StraightSide>& sides, const std::string& what) {
+  Row count{group_, what + "sides' defects, number", "", 0};
+  Row depth{group_, what + "sides' defects, greatest depth", "px", 0};
+  for (const StraightSide& side : sides) {
+    const EdgeDefects defects = FindSideDefects(grey_, side, outline);
+    count.measured += static_cast<double>(defects.found.size());
+    for (const EdgeDefect& defect : defects.found) {
+      count.figure += SvgCurve(defect.points);
+      if (defect.depth <= depth.measured) continue;
+      depth.measured = defect.depth;
+      depth.figure = SvgLine(defect.foot, defect.deepest);
+    }
+  }
+  rows_.push_back(count);
+  if (count.measured > 0) rows_.push_back(depth);
+}
+
+void PartRows::AddSides(const std::vector<cv::Point2d>& outline,
+                        const std::vector<cv::Point2d>& chain, const std::string& what) {
   std::vector<StraightSide> sides = FindStraightSides(grey_, chain);
   if (sides.size() > kMaxSides) {
     // Neighbours may be missing from the longest, so these stand alone.
@@ -167,6 +190,7 @@ void PartRows::AddSides(const std::vector<cv::Point2d>& chain, const std::string
     AddAngle(sides[i], sides[next], names[i] + " / " + std::to_string(next + 1) + ", angle");
   }
   AddWidths(sides, names);
+  if (!sides.empty()) AddDefects(outline, sides, what);
 }
 
 }  // namespace
@@ -179,13 +203,13 @@ std::vector<Row> MeasurePart(const cv::Mat& grey, const Part& part, const std::s
   const Outline outline = TraceOutline(grey, part.outline, options);
   if (outline.found < kMinFound) return {};
   rows.AddExtent(outline.points, "");
-  rows.AddSides(part.outline, "");
+  rows.AddSides(outline.points, part.outline, "");
   for (std::size_t i = 0; i < std::min(part.holes.size(), kMaxHoles); ++i) {
     const std::string what = "hole " + std::to_string(i + 1) + ", ";
     const Outline hole = TraceOutline(grey, part.holes[i], options);
     if (hole.found < kMinFound) continue;
     rows.AddExtent(hole.points, what);
-    rows.AddSides(part.holes[i], what);
+    rows.AddSides(hole.points, part.holes[i], what);
   }
   return rows.rows_;
 }

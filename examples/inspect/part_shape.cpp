@@ -3,8 +3,10 @@
 #include <cmath>
 #include <utility>
 
+#include "ellipse_fit.h"
 #include "figures.h"
 #include "line_fit.h"
+#include "outline.h"
 #include "outline_moments.h"
 #include <ZorGeometryMeasure.h>
 #include <ZorGeometryMeasureDlg.h>
@@ -12,7 +14,8 @@
 namespace inspect {
 namespace {
 
-constexpr double kMinElongation = 1.01;  // of deviations along the axes, for a direction
+constexpr double kMinElongation = 1.01;  // of what is measured along the axes, for a direction
+constexpr double kEllipseStep = 1;       // between points that the ellipse is fitted to, pixels
 
 ZorPoint Along(const WireAxes& axes, const ZorPoint& direction, double distance) {
   return {axes.middle.x + distance * direction.x, axes.middle.y + distance * direction.y};
@@ -58,6 +61,21 @@ void AddForm(const std::vector<cv::Point2d>& outline, const std::string& group,
   status = measure.ExternalCircle(points, &centre, &radius);
   rows->push_back({group, what + "smallest circle, radius", "px", radius, status,
                    SvgHintCircle(centre, radius)});
+  status = measure.IncisionCircle(points, &centre, &radius);
+  rows->push_back({group, what + "largest circle inside, radius", "px", radius, status,
+                   SvgHintCircle(centre, radius)});
+}
+
+/// The ellipse that the outline is nearest to.
+void AddEllipse(const std::vector<cv::Point2d>& outline, const cv::Point2d& middle,
+                const std::string& group, const std::string& what, std::vector<Row>* rows) {
+  const FittedEllipse e = FitEllipse(InEqualSteps(outline, kEllipseStep), middle, 1, 0);
+  const std::string figure = SvgHintEllipse(e.centre, e.a, e.b, e.angle_deg);
+  rows->push_back({group, what + "ellipse, longer semi-axis", "px", e.a, e.status, figure});
+  rows->push_back({group, what + "ellipse, shorter semi-axis", "px", e.b, e.status, figure});
+  if (e.a > kMinElongation * e.b) {
+    rows->push_back({group, what + "ellipse, direction", "deg", e.angle_deg, e.status, figure});
+  }
 }
 
 }  // namespace
@@ -91,6 +109,7 @@ std::vector<Row> ShapeRows(const std::vector<cv::Point2d>& outline, const std::s
                   SvgHintLine(Along(axes, axes.cross, -2 * axes.cross_deviation),
                               Along(axes, axes.cross, 2 * axes.cross_deviation))});
   AddForm(outline, group, what, &rows);
+  AddEllipse(outline, moments.centroid, group, what, &rows);
   return rows;
 }
 

@@ -1,13 +1,11 @@
-#include <algorithm>
-#include <cmath>
 #include <optional>
 
+#include "bent_edge.h"
 #include "edge_defects.h"
 #include "figures.h"
 #include "outline_moments.h"
 #include "plate_bench.h"
 #include "search_lines.h"
-#include <ZorGeometryMeasureTools.h>
 
 namespace inspect {
 namespace {
@@ -20,21 +18,6 @@ constexpr int kMinPoints = 8;
 constexpr double kDepthLimit = 0.1;  // the deepest point decides
 constexpr double kPlaceLimit = 0.2;
 
-/// Edge points found twice, the second time knowing how the edge bends there: in a nick the blur
-/// moves a bent edge noticeably.
-std::vector<cv::Point2d> FindBentEdge(const cv::Mat& grey, std::vector<EdgeSearch> searches) {
-  const auto missed = [&](const EdgeSearch& s) { return !FindEdge(grey, s).has_value(); };
-  searches.erase(std::remove_if(searches.begin(), searches.end(), missed), searches.end());
-  ZorContour rough(ToZor(FindEdges(grey, searches)));
-  ZorVarArray curvatures;
-  const long status =
-      ZorGeometryMeasureTools().GetCurvatures(rough, kBendReach, false, &curvatures);
-  for (std::size_t i = 0; status == GM_OK && i < searches.size(); ++i) {
-    searches[i].curvature = curvatures[static_cast<int>(i)].D();
-  }
-  return FindEdges(grey, searches);
-}
-
 EdgeDefects DefectsOf(PlateBench* bench, std::size_t side) {
   const plate::Plate& drawing = bench->Drawing();
   SearchOptions options;
@@ -43,8 +26,8 @@ EdgeDefects DefectsOf(PlateBench* bench, std::size_t side) {
   options.spacing = kSpacing;
   const auto searches =
       AcrossSegment(drawing.corners[side], drawing.corners[(side + 1) % plate::kSides], options);
-  return FindDefects(FindBentEdge(bench->Grey(), searches), bench->Sides()[side].line, kStraying,
-                     kMinPoints);
+  return FindDefects(FindBentEdge(bench->Grey(), searches, kBendReach), bench->Sides()[side].line,
+                     kStraying, kMinPoints);
 }
 
 /// How far along the top edge, from the corner where it begins, the middle of the defect's area is.

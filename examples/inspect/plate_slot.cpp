@@ -1,6 +1,4 @@
-#include <cmath>
-#include <utility>
-
+#include "ellipse_fit.h"
 #include "figures.h"
 #include "plate_bench.h"
 #include "search_lines.h"
@@ -19,23 +17,12 @@ MeasuredSlot FindSlot(PlateBench* bench) {
   MeasuredSlot slot;
   slot.points = FindEdges(bench->Grey(),
                           AcrossEllipse(drawn.centre, drawn.a, drawn.b, drawn.angle_deg, options));
-  // Fitted about the drawn centre: near the origin the fit keeps most digits.
-  ZorPointArray points;
-  for (const cv::Point2d& p : slot.points) points.Append(ToZor(p - drawn.centre));
-  float a = 0;
-  float b = 0;
-  float angle_deg = 0;
-  slot.status = bench->Measure().LeastSqaureEllipseFit(points, kPasses, kClipDistance, &slot.centre,
-                                                       &a, &b, &angle_deg);
-  slot.centre = slot.centre + ToZor(drawn.centre);
-  slot.a = static_cast<double>(a);
-  slot.b = static_cast<double>(b);
-  slot.angle_deg = static_cast<double>(angle_deg);
-  if (slot.a < slot.b) {
-    std::swap(slot.a, slot.b);
-    slot.angle_deg += 90;
-  }
-  slot.angle_deg = std::fmod(slot.angle_deg, 180);
+  const FittedEllipse ellipse = FitEllipse(slot.points, drawn.centre, kPasses, kClipDistance);
+  slot.centre = ellipse.centre;
+  slot.a = ellipse.a;
+  slot.b = ellipse.b;
+  slot.angle_deg = ellipse.angle_deg;
+  slot.status = ellipse.status;
   return slot;
 }
 

@@ -66,7 +66,7 @@ bool MeasureSide(const cv::Mat& grey, StraightSide* side) {
   if (length < kMinLength) return false;
   SearchOptions options;
   options.half_length = kSearchLength;
-  options.margin = std::clamp(0.15 * length, 4.0, 10.0);
+  options.margin = CornerMargin(length);
   options.spacing = std::max(1.0, length / 400);
   const std::vector<EdgeSearch> searches = AcrossSegment(side->from, side->to, options);
   side->points = FindEdges(grey, searches);
@@ -115,6 +115,8 @@ bool AreJoined(const StraightSide& side, const StraightSide& next) {
 }
 
 }  // namespace
+
+double CornerMargin(double length) { return std::clamp(0.15 * length, 4.0, 10.0); }
 
 std::vector<StraightSide> FindStraightSides(const cv::Mat& grey,
                                             const std::vector<cv::Point2d>& chain) {

@@ -16,6 +16,9 @@ struct StraightSide {
   bool joined = false;   // the next side of the list follows at a corner, be it a rounded one
 };
 
+/// How far a side of this length is left alone at both ends, where corners disturb it; pixels.
+double CornerMargin(double length);
+
 /// The straight sides of a closed chain of pixels, in order around it; the last may be joined to
 /// the first. Short ones and pieces of curves are left out, and a side that some damage interrupts
 /// is one side.

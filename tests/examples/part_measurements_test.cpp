@@ -52,9 +52,10 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
   ASSERT_EQ(parts.size(), 2U);
   ASSERT_EQ(parts[0].holes.size(), 1U);
   const auto box = Measured(picture, parts[0]);
-  // Extent and middle, shape, two distances, four lengths, angles, directions and straightnesses,
-  // for box and hole each.
-  EXPECT_EQ(box.size(), 2 * (4 + 6 + 8 + 2 + 4 * 4));
+  // Extent and middle, shape with figures around and inside, two distances, four lengths, angles,
+  // directions and straightnesses, and that there is no defect, for box and hole each.
+  EXPECT_EQ(box.size(), 2 * (4 + 6 + 12 + 2 + 4 * 4 + 1));
+  EXPECT_EQ(box.at("sides' defects, number"), 0);
   EXPECT_NEAR(box.at("area"), 80.5 * 49.75, 5);
   EXPECT_NEAR(box.at("centroid, x"), (20.25 + 100.75) / 2, 0.1);
   EXPECT_NEAR(box.at("centroid, y"), (30.5 + 80.25) / 2, 0.1);
@@ -69,7 +70,7 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
               40.5 * 28, 5);
 
   const auto disc = Measured(picture, parts[1]);
-  EXPECT_EQ(disc.size(), 4U + 5U + 8U) << "no sides, and no direction";
+  EXPECT_EQ(disc.size(), 4U + 5U + 11U) << "no sides, and no direction";
   for (const char* by : {"perimeter", "deviation", "fitted circle"}) {
     EXPECT_GT(disc.at(std::string("roundness by ") + by), 0.98) << by;
   }
@@ -83,6 +84,49 @@ TEST(Parts, SidesAreMeasuredAndCurvesAreNoSides) {
   EXPECT_NEAR(disc.at("width"), 56, 0.2);
   EXPECT_NEAR(disc.at("middle, x"), 150, 0.1);
   EXPECT_NEAR(disc.at("middle, y"), 60, 0.1);
+}
+
+// A disc of radius 60 with a slot 16 wide cut 15 deep into it from above.
+bool InNotchedDisc(double x, double y) {
+  return cv::norm(cv::Point2d(x - 80, y - 90)) < 60 && !(std::abs(x - 80) < 8 && y < 45);
+}
+
+// A rectangle of 120 by 80, turned by 20 degrees, with a dent 24 wide and 4 deep in its upper side.
+bool InDentedBox(double x, double y) {
+  const double turn_rad = 20 * CV_PI / 180;
+  const cv::Point2d along(std::cos(turn_rad), -std::sin(turn_rad));
+  const cv::Point2d d(x - 230.3, y - 89.6);
+  const double u = d.dot(along);
+  const double v = along.cross(d);
+  const double dent = std::abs(u - 15) < 12 ? 2 * (1 + std::cos(CV_PI * (u - 15) / 12)) : 0;
+  return std::abs(u) < 60 && v > -40 + dent && v < 40;
+}
+
+TEST(Parts, NotchesAndDentsAreMeasured) {
+  const cv::Mat picture = Rendered(
+      {310, 180}, [](double x, double y) { return InNotchedDisc(x, y) || InDentedBox(x, y); });
+  const std::vector<Part> parts = FindParts(picture);
+  ASSERT_EQ(parts.size(), 2U);
+  constexpr double kPixel = 0.7;  // in a notch the outline is one of whole pixels
+
+  const auto disc = Measured(picture, parts[0]);
+  const double slot_area = 16 * 15 - 8 * 8 * 8 / 3.0 / 60;  // the arc over it as a parabola
+  EXPECT_NEAR(disc.at("area"), CV_PI * 60 * 60 - slot_area, kPixel * (15 + 16 + 15));
+  EXPECT_NEAR(disc.at("smallest circle, radius"), 60, 0.2);
+  // It touches the disc and both corners of the slot: hypot(8, 45 + s) = 60 - s.
+  EXPECT_NEAR(disc.at("largest circle inside, radius"), 60 - 1511 / 210.0, kPixel);
+  EXPECT_EQ(disc.count("sides' defects, number"), 0U);
+
+  const auto box = Measured(picture, parts[1]);
+  EXPECT_NEAR(box.at("area"), 120 * 80 - 4 * 12, kPixel * 24);
+  EXPECT_EQ(box.at("sides' defects, number"), 1);
+  EXPECT_NEAR(box.at("sides' defects, greatest depth"), 4, 0.1);
+  EXPECT_NEAR(box.at("smallest rectangle, length"), 120, 0.3);
+  EXPECT_NEAR(box.at("smallest rectangle, width"), 80, 0.3);
+  EXPECT_NEAR(box.at("smallest circle, radius"), std::sqrt(60 * 60 + 40 * 40), 0.2);
+  EXPECT_NEAR(box.at("largest circle inside, radius"), 40, 0.15);
+  EXPECT_NEAR(box.at("ellipse, direction"), 20, 2);
+  EXPECT_GT(box.at("rectangularity"), 0.96);
 }
 
 }  // namespace
