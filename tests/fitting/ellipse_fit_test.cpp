@@ -1,5 +1,4 @@
 #include <cmath>
-#include <optional>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -134,13 +133,11 @@ TEST(EllipseFits, SurviveAnyPoints) {
     lists.back()[6].x = bad;
   }
   for (const ZorPointArray& points : lists) {
-    for (const bool is_traced : {false, true}) {
-      std::optional<zor::test::TraceCapture> capture;
-      if (is_traced) capture.emplace();
-      for (const Outcome& out :
-           {Whole(points), Squares(points, 1, 2), Squares(points, 4, 2), Absolute(points, 4, 2)}) {
-        EXPECT_EQ(out.status, GM_OK);
-      }
+    const Outcome plain[] = {Squares(points, 4, 2), Absolute(points, 4, 2)};
+    const zor::test::TraceCapture capture;  // measured another way
+    for (const Outcome& out : {plain[0], plain[1], Whole(points), Squares(points, 1, 2),
+                               Squares(points, 4, 2), Absolute(points, 4, 2)}) {
+      EXPECT_EQ(out.status, GM_OK);
     }
   }
 }

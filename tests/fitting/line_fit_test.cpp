@@ -36,10 +36,9 @@ ZorLine FitOf(Fit fit, const ZorPointArray& points, int iterations, double clip)
   return line;
 }
 
-ZorPointArray Exchanged(const ZorPointArray& points) {
-  ZorPointArray exchanged;
-  for (const ZorPoint& p : points) exchanged.Append({p.y, p.x});
-  return exchanged;
+ZorPointArray Exchanged(ZorPointArray points) {
+  for (ZorPoint& p : points) p = {p.y, p.x};
+  return points;
 }
 
 /// Points along y = 3 + x / 2 with noise as large as the shrinkage, and far outliers.
@@ -199,8 +198,4 @@ TEST(SmallSolve, SingularLuKeepsFewUnknownsAndClearsMore) {
     zor::fitting::Invert(matrix, matrix, Decomposition::kLu);
     EXPECT_EQ(matrix, std::vector<double>(n * n, 0.0));
   }
-  std::array<double, 9> singular{1, 2, 3, 2, 4, 6, 1, 1, 1};
-  std::array<double, 3> b{1, 2, 3}, x{5, 5, 5};
-  EXPECT_FALSE(zor::fitting::SolveSystem(singular, b, x, Decomposition::kQr));
-  EXPECT_EQ(x, (std::array<double, 3>{}));
 }
