@@ -626,17 +626,16 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// Distance of contours A and B, by mode:
   ///  - 0: of their points; the nearest and the farthest pair;
   ///  - 1: of the points of A from the polyline B, as PointToContourDistance; the point of A that
-  ///  is
-  ///    nearest to B, and the one whose nearest distance is the largest;
+  ///    is nearest to B, and the one whose nearest distance is the largest;
   ///  - 2: of the segments of A from those of B, as mode 0 of LineToLineDistance with its loose
-  ///  test
-  ///    (segments that line up have distance 0 however far apart); the segment of A that is nearest
-  ///    to B, and the one whose nearest distance is the largest.
+  ///    test (segments that line up have distance 0 however far apart); the segment of A that is
+  ///    nearest to B, and the one whose nearest distance is the largest.
   /// So the maxima of modes 1 and 2 are one-sided nearest distances, from A to B. Takes about
   /// n log n; the longer the jumps between neighbours in the polylines of modes 1 and 2, the nearer
-  /// it gets to all pairs. Traced, around a record pair of PointToContourDistance for every point
-  /// of A, or, in mode 2, the records of LineToLineDistance for every pair of segments; with a sink
-  /// attached all pairs are measured.
+  /// it gets to all pairs, which a coordinate beyond 1e8 or that is not finite asks for (not a
+  /// number in mode 0 does not). Traced, around a record pair of PointToContourDistance for every
+  /// point of A, or, in mode 2, the records of LineToLineDistance for every pair of segments; with
+  /// a sink attached all pairs are measured.
   /// @retval GM_E_EMPTY_CONTOUR  either contour is empty
   /// @retval GM_E_PARAM_3  mode is not 0, 1 or 2
   /// @retval GM_E_PARAM_2  mode 1, B has a single point
@@ -656,8 +655,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   ///  - 0: one-sided, the point of A whose nearest point of B is the farthest;
   ///  - 1: the farthest pair;
   ///  - 2: two-sided (the Hausdorff distance), the larger of the one-sided ones from A to B and
-  ///  from
-  ///    B to A.
+  ///    from B to A.
   /// Traced.
   /// @retval GM_E_EMPTY_CONTOUR  either contour is empty
   /// @retval GM_E_PARAM_3  mode is not 0, 1 or 2
@@ -697,7 +695,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// point. Else found by ten updates of an approximation, the last of them unused. Its error,
   /// found on points within twice the larger semi-axis a: below 1e-8 a down to b = 0.35 a, and for
   /// thinner ellipses (to b = 0.1 a) inside and up to a / 20 outside; farther out it reaches 0.24 a
-  /// at b = 0.3 a and 0.4 a at b = 0.1 a. A hundred times a away it is off from b = 0.45 a on.
+  /// at b = 0.3 a and 0.4 a at b = 0.1 a. A hundred times a away it is off from b = 0.47 a on.
   /// Traced.
   /// @retval GM_E_PARAM_5  angleDeg outside [0, 360]
   /// @retval GM_E_PARAM_3  a <= 0
@@ -954,8 +952,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// Circles c1, r1 and c2, r2 (pixels). Traced, around nested AngleFrom4Point and IncludedAngle
   /// when the area of crossing circles is wanted. In the order of the tests:
   ///  - centres within 0.0005, inclusive: no points, the smaller disc; radii within 1e-5 as well:
-  ///  the
-  ///    area is written and the code below returned;
+  ///    the area is written and the code below returned;
   ///  - more than 0.001 apart: no points, area 0;
   ///  - one more than 0.001 inside the other: no points, the smaller disc;
   ///  - else within 0.001 of touching from outside: one point on the way from c1 to c2, area 0;

@@ -41,9 +41,10 @@ struct Nearest {
                                               const ZorPoint& b, double b_from_centre,
                                               const ZorPoint& centre, double radius) {
   const double from_centre = elementary::PointToSegment(centre, a, b);
-  const bool is_outside = from_centre - radius > kTouchesCircle;
-  const bool is_inside = radius - std::max(a_from_centre, b_from_centre) > kTouchesCircle;
-  return is_outside || is_inside ? DistanceFromCircle(from_centre, radius) : 0.0;
+  // What is not a number meets nothing.
+  const bool is_in_reach = from_centre - radius <= kTouchesCircle;
+  const bool reaches_out = radius - std::max(a_from_centre, b_from_centre) <= kTouchesCircle;
+  return is_in_reach && reaches_out ? 0.0 : DistanceFromCircle(from_centre, radius);
 }
 
 /// The points of LeastAlongSegment: where the segment first meets the outline or else comes closest

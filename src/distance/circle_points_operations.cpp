@@ -98,24 +98,27 @@ long ZorGeometryMeasure::CircleToContourDistance(ZorContour& contour, ZorPoint& 
   const bool wants_min = minContourPoint != nullptr || minCirclePoint != nullptr ||
                          minDistance != nullptr || IsTracing();
   Extremes vertices;
-  Extremes segments;  // indexed by their ends
-  double before = 0.0;
+  Extremes segments;      // indexed by their ends
+  std::size_t start = 0;  // of the segment to the next point that gives it a direction
+  double start_from_centre = 0.0;
+  std::size_t least_start = 0;
   for (std::size_t i = 0; i < points.size(); ++i) {
     const double from_centre = circle.FromCentre(points[i]);
     const double d = distance::DistanceFromCircle(from_centre, radius);
     vertices.Add(i, d);
     if (distances != nullptr) list.emplace_back(d);
-    // A segment without a direction adds nothing to its neighbours.
-    if (wants_min && i > 0 && !IsDegenerate(points[i - 1], points[i])) {
-      segments.Add(i, circle.Least(points[i - 1], before, points[i], from_centre));
-    }
-    before = from_centre;
+    if (i == 0) start_from_centre = from_centre;
+    if (!wants_min || IsDegenerate(points[start], points[i])) continue;
+    segments.Add(i, circle.Least(points[start], start_from_centre, points[i], from_centre));
+    if (segments.Least().index == i) least_start = start;
+    start = i;
+    start_from_centre = from_centre;
   }
   const std::size_t end = segments.Least().index;
-  const PointPair min = segments.IsEmpty()
-                            ? circle.PairOf(points[0])
-                            : distance::LeastPairAlongSegment(points[end - 1], points[end], centre,
-                                                              radius, segments.Least().value);
+  const PointPair min =
+      segments.IsEmpty() ? circle.PairOf(points[0])
+                         : distance::LeastPairAlongSegment(points[least_start], points[end], centre,
+                                                           radius, segments.Least().value);
   const PointPair max = circle.PairOf(points[vertices.Greatest().index]);
   StorePair(min, minDistance, minContourPoint, minCirclePoint);
   StorePair(max, maxDistance, maxContourPoint, maxCirclePoint);

@@ -63,8 +63,9 @@ class SegmentToCircle {
       return GM_OK;
     }
     // An end so close to the outline that rounding puts the crossing beyond it.
-    if (const long end_status = FromPoint(nearest_, pair); end_status != GM_OK) return end_status;
-    pair->distance = 0.0;
+    const double from_centre = elementary::Distance(nearest_, centre_);
+    *pair = {0.0, nearest_,
+             distance::NearestOnCircle(nearest_, centre_, radius_, from_centre).point};
     return GM_OK;
   }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <vector>
 
 #include "distance/one_sided_search.h"
 #include "distance/pairings.h"
@@ -52,6 +54,53 @@ PairRange PlainPointPairs(std::span<const ZorPoint> a, std::span<const ZorPoint>
   return range;
 }
 
+bool IsNumber(const ZorPoint& p) { return !std::isnan(p.x) && !std::isnan(p.y); }
+
+/// The points of a list that are numbers.
+struct Numbers {
+  explicit Numbers(std::span<const ZorPoint> all) {
+    for (std::uint32_t i = 0; i < all.size(); ++i) {
+      if (!IsNumber(all[i])) continue;
+      points.push_back(all[i]);
+      places.push_back(i);
+    }
+  }
+
+  std::vector<ZorPoint> points;
+  std::vector<std::uint32_t> places;  // in the list
+};
+
+/// What the plain loops over pairs of points find where not all points are numbers: they never
+/// replace the seed by one that is not, nor such a seed.
+template <class Search>
+PairRange AmongNumbers(std::span<const ZorPoint> a, std::span<const ZorPoint> b,
+                       const Search& search) {
+  if (!IsNumber(a[0]) || !IsNumber(b[0])) {
+    const IndexedPair seed{std::numeric_limits<double>::quiet_NaN(), 0, 0};
+    return {seed, seed};
+  }
+  const Numbers numbers_a(a);
+  const Numbers numbers_b(b);
+  PairRange range = search(numbers_a.points, numbers_b.points);
+  for (IndexedPair* pair : {&range.low, &range.high}) {
+    pair->a = numbers_a.places[pair->a];
+    pair->b = numbers_b.places[pair->b];
+  }
+  return range;
+}
+
+bool AreNumbers(std::span<const ZorPoint> a, std::span<const ZorPoint> b) {
+  return std::ranges::all_of(a, IsNumber) && std::ranges::all_of(b, IsNumber);
+}
+
+/// For contours that cannot be searched: `plain` loops over all pairs, or `search` over those that
+/// are numbers.
+template <class Plain, class Search>
+PairRange Unsearchable(std::span<const ZorPoint> a, std::span<const ZorPoint> b, const Plain& plain,
+                       const Search& search) {
+  return AreNumbers(a, b) ? plain(a, b) : AmongNumbers(a, b, search);
+}
+
 template <class Pairing>
 PairRange OneSided(const Pairing& pairing, const RunTree& a, const RunTree& b, Wanted wanted) {
   PairRange range;
@@ -73,7 +122,10 @@ bool AreSearchable(std::span<const ZorPoint> a, std::span<const ZorPoint> b) {
 }
 
 PairRange PointPairs(std::span<const ZorPoint> a, std::span<const ZorPoint> b, Wanted wanted) {
-  if (!AreSearchable(a, b)) return PlainPointPairs(a, b);
+  if (!AreSearchable(a, b)) {
+    return Unsearchable(a, b, PlainPointPairs,
+                        [wanted](auto x, auto y) { return PointPairs(x, y, wanted); });
+  }
   const RunTree tree_a(a, Items::kPoints);
   const RunTree tree_b(b, Items::kPoints);
   PointPairSearch search(tree_a, tree_b, wanted);
@@ -82,8 +134,12 @@ PairRange PointPairs(std::span<const ZorPoint> a, std::span<const ZorPoint> b, W
 }
 
 PairRange NearestPoints(std::span<const ZorPoint> a, std::span<const ZorPoint> b, Wanted wanted) {
+  if (!AreSearchable(a, b)) {
+    return Unsearchable(
+        a, b, [](auto x, auto y) { return PlainOneSided(PointPairing(x, y), x.size(), y.size()); },
+        [wanted](auto x, auto y) { return NearestPoints(x, y, wanted); });
+  }
   const PointPairing pairing(a, b);
-  if (!AreSearchable(a, b)) return PlainOneSided(pairing, a.size(), b.size());
   return OneSided(pairing, RunTree(a, Items::kPoints), RunTree(b, Items::kPoints), wanted);
 }
 
@@ -111,7 +167,10 @@ PairRange Polylines(std::span<const ZorPoint> a, std::span<const ZorPoint> b, Wa
 
 PairRange ParallelPointPairs(std::span<const ZorPoint> a, std::span<const ZorPoint> b,
                              Wanted wanted) {
-  if (!AreSearchable(a, b)) return PlainPointPairs(a, b);
+  if (!AreSearchable(a, b)) {
+    return Unsearchable(a, b, PlainPointPairs,
+                        [wanted](auto x, auto y) { return ParallelPointPairs(x, y, wanted); });
+  }
   return ParallelSearch(RunTree(a, Items::kPoints), RunTree(b, Items::kPoints), wanted);
 }
 

@@ -9,7 +9,8 @@
 // The pairs that the plain double loops over two contours find: same computed distances, same
 // points, the earliest of ties. Fast where neighbours in the list are mostly neighbours in the
 // plane, n log n for points in any order, and the plain loops themselves for coordinates that are
-// not finite or beyond 1e8. The lists are not empty.
+// infinite or beyond 1e8, in the searches of polylines also for what is not a number. The lists are
+// not empty.
 
 namespace zor::distance {
 

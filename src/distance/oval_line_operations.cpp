@@ -38,8 +38,10 @@ long ZorGeometryMeasure::LineToOvalDistance(ZorPoint& lineStart, ZorPoint& lineE
   const intersection::Oval oval = intersection::MakeOval(ZorPoint(0, 0), a, b, angleDeg);
   const PointPair nearest = distance::NearestOfLine(
       oval.frame.ToShape(lineStart - centre), oval.frame.ToShape(lineEnd - centre), oval.a, oval.b);
+  const ZorPoint own = oval.frame.ToImage(nearest.own.x, nearest.own.y) + centre;
+  const ZorPoint figure = oval.frame.ToImage(nearest.figure.x, nearest.figure.y) + centre;
   Store(distance, nearest.distance);
-  Store(linePoint, oval.frame.ToImage(nearest.own.x, nearest.own.y) + centre);
-  Store(ovalPoint, oval.frame.ToImage(nearest.figure.x, nearest.figure.y) + centre);
+  Store(linePoint, own);
+  Store(ovalPoint, figure);
   return trace.Done();
 }

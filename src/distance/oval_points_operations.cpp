@@ -61,13 +61,14 @@ OvalSpot LeastAlong(std::span<const ZorPoint> points, std::span<const double> di
                     const OvalSegments& oval) {
   OvalSpot least{distances[0], points[0], {}};
   bool is_first = true;
+  std::size_t start = 0;  // of the segment to the next point that gives it a direction
   for (std::size_t i = 1; i < points.size(); ++i) {
-    // A segment without a direction adds nothing to its neighbours.
-    if (IsDegenerate(points[i - 1], points[i])) continue;
+    if (IsDegenerate(points[start], points[i])) continue;
     const OvalSpot candidate =
-        oval.Measure({distances[i - 1], points[i - 1], {}}, {distances[i], points[i], {}}).Least();
+        oval.Measure({distances[start], points[start], {}}, {distances[i], points[i], {}}).Least();
     if (is_first || candidate.distance < least.distance) least = candidate;
     is_first = false;
+    start = i;
   }
   return least;
 }
@@ -112,11 +113,12 @@ long ZorGeometryMeasure::OvalToContourDistance(ZorContour& contour, ZorPoint& ce
   if (const long status = arguments.Check(); status != GM_OK) return status;
   const ZorPointView points = contour.View();
   if (IsTracing()) {
+    std::size_t start = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
       RecordPoint(*this, points[i], arguments);
-      if (i > 0 && !IsDegenerate(points[i - 1], points[i])) {
-        RecordSegment(*this, points[i - 1], points[i], arguments);
-      }
+      if (IsDegenerate(points[start], points[i])) continue;
+      RecordSegment(*this, points[start], points[i], arguments);
+      start = i;
     }
   }
   const OvalSegments oval(centre, a, b, angleDeg);

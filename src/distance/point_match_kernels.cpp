@@ -131,6 +131,7 @@ std::vector<IndexedPair> FarthestMatches(Points a, Points b) {
 
 std::vector<IndexedPair> PairsWithin(Points a, Points b, double lower, double upper) {
   std::vector<IndexedPair> found;
+  if (!(lower <= upper)) return found;  // also where either is not a number
   if (!AreSearchable(a, b)) {
     for (std::uint32_t i = 0; i < a.size(); ++i) {
       for (std::uint32_t j = 0; j < b.size(); ++j) {

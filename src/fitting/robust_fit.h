@@ -46,8 +46,7 @@ using elementary::WhereLess;
 ///  - Vector, Row<Real>: k doubles, k Reals (std::array where k is fixed, else std::vector);
 ///    MakeVector(), MakeRow<Real>(): such zeros;
 ///  - Sums<Real>(model): the normal equations, gathered by Add(model, i, w^2), and then added to
-///  the
-///    right side and the matrix (both by rows) by AddTo(matrix, right_side); NormalSums<k, Real>
+///    the right side and the matrix (both by rows) by AddTo(matrix, right_side); NormalSums<k, Real>
 ///    serves any small fixed k;
 ///  - FillRow<Real>(i, row), Target<Real>(i): the equations;
 ///  - Settle(c): takes over a pass's coefficients; Error<Real>(i): how far the points are from

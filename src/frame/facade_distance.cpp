@@ -8,8 +8,10 @@
 #include "distance/contour_pair_kernels.h"
 #include "distance/contour_pair_outputs.h"
 #include "distance/point_pair.h"
+#include "distance/polyline_kernels.h"
 #include "distance/rectangle_kernels.h"
 #include "distance/store_pair.h"
+#include "elementary/point_kernels.h"
 #include "frame/catch_as.h"
 #include "frame/rounding.h"
 #include "frame/trace.h"
@@ -22,11 +24,12 @@ using zor::distance::IndexedPair;
 using zor::distance::PairRange;
 using zor::distance::PointPair;
 using zor::distance::StorePair;
+using zor::elementary::NearestPoint;
 using zor::frame::CatchAs;
-using zor::frame::IsTracing;
 using zor::frame::RoundToFloat;
 using zor::frame::Trace;
 namespace distance = zor::distance;
+namespace elementary = zor::elementary;
 
 namespace {
 
@@ -71,18 +74,18 @@ long MeasureBandWidths(const ZorContour& a, const ZorContour& b, const ContourPa
 
 /// Replaces the pair nearest among the points of a contour by one within its segments that is
 /// nearer: at a corner of the outline, or where they cross.
-long NearestWithin(ZorGeometryMeasure& measure, ZorContour& contour, ZorContour& outline,
-                   PointPair* nearest) {
-  PointPair of_corners;
-  const long status =
-      measure.ContourToContourDistance(outline, contour, 1, &of_corners.figure, &of_corners.own,
-                                       &of_corners.distance, nullptr, nullptr, nullptr);
-  if (status != GM_OK) return status;
-  if (of_corners.distance < nearest->distance) *nearest = of_corners;
-  if (nearest->distance == 0.0) return GM_OK;
-  const auto crossing = distance::FirstCommonPoint(contour.View(), outline.View());
-  if (crossing) *nearest = {0.0, *crossing, *crossing};
-  return GM_OK;
+PointPair NearestWithin(ZorPointView contour, ZorPointView outline, PointPair nearest) {
+  for (const ZorPoint& corner : outline) {
+    const NearestPoint of_corner = distance::NearestOnPolyline(
+        corner, contour, {elementary::Distance(corner, contour[0]), contour[0]});
+    if (of_corner.distance < nearest.distance) {
+      nearest = {of_corner.distance, of_corner.point, corner};
+    }
+  }
+  if (nearest.distance == 0.0) return nearest;
+  const auto crossing = distance::FirstCommonPoint(contour, outline);
+  if (crossing) return {0.0, *crossing, *crossing};
+  return nearest;
 }
 
 }  // namespace
@@ -162,10 +165,11 @@ long ZorGeometryMeasureDlg::ContourToRectangularDistance(
   status = measure.ContourToContourDistance(contour, outline, 1, &min.own, &min.figure,
                                             &min.distance, &max.own, &max.figure, &max.distance);
   if (status != GM_OK) return status;
-  const bool wants_min = minContourPoint != nullptr || minRectanglePoint != nullptr ||
-                         minDistance != nullptr || IsTracing();
-  if (wants_min && contour.Length() > 1) status = NearestWithin(measure, contour, outline, &min);
-  if (status != GM_OK) return status;
+  const bool wants_min =
+      minContourPoint != nullptr || minRectanglePoint != nullptr || minDistance != nullptr;
+  if (wants_min && contour.Length() > 1) {
+    min = NearestWithin(contour.View(), outline.View(), min);
+  }
   StorePair(min, minDistance, minContourPoint, minRectanglePoint);
   StorePair(max, maxDistance, maxContourPoint, maxRectanglePoint);
   return trace.Done();

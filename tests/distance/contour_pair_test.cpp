@@ -14,6 +14,7 @@
 using zor::test::ExpectSame;
 using zor::test::IsUntouched;
 using zor::test::kContourKinds;
+using zor::test::kNaN;
 using zor::test::kUntouched;
 
 namespace {
@@ -87,6 +88,25 @@ TEST(ContourToContour, SearchesAgreeWithThePlainLoopsToTheLastBit) {
     ExpectSame(Measure(a, b, 2), PlainOverSegments(a, b));
     ExpectSame(Measure2(a, b, 0), PlainOverPoints(a, b, 0, false));
     ExpectSame(Measure2(a, b, 1), PlainOverPoints(a, b, 0, true));
+  }
+}
+
+TEST(ContourToContour, PointsThatAreNoNumbersPairWithNothing) {
+  std::mt19937_64 rng(20240616);
+  for (int round = 0; round < 20; ++round) {
+    std::vector<ZorPoint> p = zor::test::HardContour(0, 60, 10.0, rng), q = p;
+    for (ZorPoint& point : q) point = point + ZorPoint(1, 2);
+    (round % 2 == 0 ? p : q)[static_cast<std::size_t>(1 + round)].x = kNaN;
+    q[30].y = kNaN;
+    if (round >= 18) q[40].x = 2e8;
+    ZorContour a(p), b(q);
+    ExpectSame(Measure(a, b, 0), PlainOverPoints(a, b, 0, true));
+    ExpectSame(Measure2(a, b, 0), PlainOverPoints(a, b, 0, false));
+    ExpectSame(Measure2(a, b, 1), PlainOverPoints(a, b, 0, true));
+  }
+  ZorContour first{{kNaN, 0}, {1, 0}}, other{{0, 2}, {5, 2}};
+  for (const Result& r : {Measure(first, other, 0), Measure(other, first, 0)}) {
+    EXPECT_TRUE(std::isnan(r.low) && std::isnan(r.high));
   }
 }
 

@@ -28,10 +28,7 @@ const std::string kTangents = kProjection + " " + kToLine + " " + kProjection + 
 const std::string kOvalPast = kTangents + " " + kOval + " " + kOval;
 
 const std::string kPoint = Pair("PointToContourDistance");
-const std::string kOutlines =
-    Pair("ContourToContourDistance", kPoint + " " + kPoint) + " " +
-    Pair("ContourToContourDistance",
-         kPoint + " " + kPoint + " " + kPoint + " " + kPoint + " " + kPoint);
+const std::string kOutlines = Pair("ContourToContourDistance", kPoint + " " + kPoint);
 
 }  // namespace
 

@@ -155,6 +155,14 @@ TEST(ContourToCircle, CountsSegmentsWithTheirSignAndCrossingsWithZero) {
       {"short of a chord", {{3.9999, 3}, {-3.9999, 3}}, {-2, {0, 3}, {0, 5}}, {}},
       {"repeated points", {{0, 2}, {0, 2}, {0, 9}}, {0, {0, 5}, {0, 5}}, {}},
       {"nothing but repeated points", {{0, 2}, {0, 2}}, {-3, {0, 2}, {0, 5}}, {}},
+      {"steps too short for a direction",
+       {{7, 0}, {6.9997, 0}, {6.9994, 0}, {6.9991, 0}},
+       {1.9994, {6.9994, 0}, {5, 0}},
+       {2, {7, 0}, {5, 0}}},
+      {"a point that is no number",
+       {{100, 0}, {101, 0}, {kNaN, 0}, {103, 0}},
+       {95, {100, 0}, {5, 0}},
+       {98, {103, 0}, {5, 0}}},
       {"one point", {{0, 0}}, {-5, {0, 0}, {0, 5}}, {-5, {0, 0}, {0, 5}}},
   };
   for (const Row& row : rows) {
@@ -162,6 +170,9 @@ TEST(ContourToCircle, CountsSegmentsWithTheirSignAndCrossingsWithZero) {
     const MinMax r = Measure(&Dlg::ContourToCircleDistance, ZorContour(row.points), 5.0);
     ExpectFound(r.min, row.min, kRounding);
     if (!IsUntouched(row.max.distance)) ExpectFound(r.max, row.max, kRounding);
+    if (row.points[0].x < 7) continue;
+    const MinMax o = Measure(&Dlg::ContourToOvalDistance, ZorContour(row.points), 5.0, 5.0, 0.0);
+    ExpectFound(o.min, row.min, kTenDigitPi);
   }
   const ZorContour broken({{kNaN, 1}, {2, kNaN}, {1, 1}});
   EXPECT_TRUE(std::isnan(Measure(&Dlg::ContourToCircleDistance, broken, 5.0).max.distance));
