@@ -360,7 +360,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
                                   ZorPointArray* curve);
 
   /// LeastSqaurePolynomialFit in max(intSetting, 1) passes, clipping at trunc(realSetting) (0 and
-  /// what is not a number: one pass). Not traced.
+  /// what is not a number: one pass). With a code nothing is written. Not traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
   /// @retval GM_E_PARAM_2  order outside 1 .. 20
   /// @retval GM_E_PARAM_3  intSetting outside 0 .. 99
