@@ -112,9 +112,7 @@ TEST(EllipseFits, ClipByTheTracedDistanceFromTheEllipse) {
     ExpectNear(clipped.centre, exact.centre, 1e-5);
     EXPECT_NEAR(clipped.a, exact.a, 1e-5F);
     EXPECT_NEAR(clipped.b, exact.b, 1e-5F);
-    // Clipping at 0 leaves no weights: the first pass stands.
-    EXPECT_EQ(fit(dented, 9, 0), fit(dented, 2, 0));
-    EXPECT_GT(std::fabs(fit(dented, 2, 0).a - exact.a), 0.01F);
+    EXPECT_EQ(fit(dented, 9, 0), fit(dented, 2, 0)) << "no weights left: the first pass stands";
     const zor::test::TraceCapture capture;
     EXPECT_EQ(fit(dented, 4, 3), four) << "measured another way";
     EXPECT_EQ(capture.Records().size(), 2U + 3 * 2 * 60);

