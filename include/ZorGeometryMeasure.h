@@ -308,11 +308,11 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// lost as the ellipse gets small against its distance from the origin: bring its points near the
   /// origin for the best result. Points that fit no ellipse give infinite values, or what is not a
   /// number. Traced, around a nested "PointToOvalDistance" for every point and re-weighting; one
-  /// iteration leaves no end record.
+  /// iteration leaves no end record. Exceptions of OpenCV pass.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 5 points
   /// @retval GM_E_PARAM_2  iterations < 1
   /// @retval GM_E_PARAM_3  clipDistance < 0
-  /// @retval GM_E_FIT_FAILED  a system could not be solved, or an exception while fitting
+  /// @retval GM_E_FIT_FAILED  a system could not be solved
   long LeastSqaureEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
                              ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
 
@@ -321,7 +321,6 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 5 points
   /// @retval GM_E_PARAM_2  iterations < 1
   /// @retval GM_E_PARAM_3  clipDistance < 0
-  /// @retval GM_E_FIT_FAILED  an exception while fitting
   long LeastAbsoluteEllipseFit(ZorPointArray& points, int iterations, double clipDistance,
                                ZorPoint* center, float* semiAxisA, float* semiAxisB, float* angle);
 

@@ -60,18 +60,16 @@ long ZorGeometryMeasure::LeastSqaureEllipseFit(ZorPointArray& points, int iterat
   if (points.Length() < kLeastPoints) return GM_E_TOO_FEW_POINTS;
   if (iterations < 1) return InvalidArgument(2);
   if (clipDistance < 0) return InvalidArgument(3);
-  return CatchAs(GM_E_FIT_FAILED, [&] {
-    if (iterations == 1) {
-      const fitting::Ellipse ellipse = fitting::FitEllipseToFloatPoints(points.View());
-      StoreEllipse(ellipse, center, semiAxisA, semiAxisB, angle);
-      return GM_OK;  // Deliberate: one pass leaves no end record; hosts tell the two kinds by it.
-    }
-    const std::optional<fitting::Ellipse> ellipse = fitting::FitEllipseSquares(
-        points.View(), iterations, clipDistance, ObservedDistance(*this));
-    if (!ellipse) return GM_E_FIT_FAILED;
-    StoreEllipse(*ellipse, center, semiAxisA, semiAxisB, angle);
-    return trace.Done();
-  });
+  if (iterations == 1) {
+    const fitting::Ellipse ellipse = fitting::FitEllipseToFloatPoints(points.View());
+    StoreEllipse(ellipse, center, semiAxisA, semiAxisB, angle);
+    return GM_OK;  // Deliberate: one pass leaves no end record; hosts tell the two kinds by it.
+  }
+  const std::optional<fitting::Ellipse> ellipse =
+      fitting::FitEllipseSquares(points.View(), iterations, clipDistance, ObservedDistance(*this));
+  if (!ellipse) return GM_E_FIT_FAILED;
+  StoreEllipse(*ellipse, center, semiAxisA, semiAxisB, angle);
+  return trace.Done();
 }
 
 long ZorGeometryMeasure::LeastAbsoluteEllipseFit(ZorPointArray& points, int iterations,
@@ -81,10 +79,8 @@ long ZorGeometryMeasure::LeastAbsoluteEllipseFit(ZorPointArray& points, int iter
   if (points.Length() < kLeastPoints) return GM_E_TOO_FEW_POINTS;
   if (iterations < 1) return InvalidArgument(2);
   if (clipDistance < 0) return InvalidArgument(3);
-  return CatchAs(GM_E_FIT_FAILED, [&] {
-    const fitting::Ellipse ellipse = fitting::FitEllipseAbsolute(
-        points.View(), iterations, clipDistance, ObservedDistance(*this));
-    StoreEllipse(ellipse, center, semiAxisA, semiAxisB, angle);
-    return trace.Done();
-  });
+  const fitting::Ellipse ellipse =
+      fitting::FitEllipseAbsolute(points.View(), iterations, clipDistance, ObservedDistance(*this));
+  StoreEllipse(ellipse, center, semiAxisA, semiAxisB, angle);
+  return trace.Done();
 }
