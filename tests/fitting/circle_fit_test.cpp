@@ -60,7 +60,7 @@ std::pair<ZorPoint, double> CircleOfModel(const cv::Mat& c) {
 }
 
 /// The circle of the rotation that carries the first of three points to the second.
-std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p, double turn_deg) {
+std::pair<ZorPoint, double> RotationOfThree(const std::vector<ZorPoint>& p, double turn_deg) {
   const double delta = turn_deg * 3.1415926 / 180, co = std::cos(delta), si = std::sin(delta);
   cv::Mat matrix, right, c;
   cv::Mat(cv::Matx22d(1 - co, si, -si, 1 - co)).convertTo(matrix, CV_32F);
@@ -68,7 +68,13 @@ std::pair<ZorPoint, float> RotationOfThree(const std::vector<ZorPoint>& p, doubl
       .convertTo(right, CV_32F);
   cv::solve(matrix, right, c, cv::DECOMP_SVD);
   const ZorPoint m(double(c.at<float>(0)), double(c.at<float>(1)));
-  return {m, float((Distance(p[0], m) + Distance(p[1], m) + Distance(p[2], m)) / 3)};
+  return {m, double(float((Distance(p[0], m) + Distance(p[1], m) + Distance(p[2], m)) / 3))};
+}
+
+double Misfit(const std::vector<ZorPoint>& points, const std::pair<ZorPoint, double>& circle) {
+  double sum = 0;
+  for (const ZorPoint& p : points) sum += std::fabs(Distance(p, circle.first) - circle.second);
+  return sum;
 }
 
 }  // namespace
@@ -208,17 +214,43 @@ TEST(PointAnglePairsCircle, TakesTheBetterSenseOfEveryThree) {
     }
     ExpectNear(Pairs(stage, angles).centre, {50, 20}, 0.02);
     const double turn = angles[1].D() - angles[0].D();
-    const auto misfit = [&](const std::pair<ZorPoint, float>& circle) {
-      double sum = 0;
-      for (const ZorPoint& p : three)
-        sum += std::fabs(Distance(p, circle.first) - double(circle.second));
-      return sum;
-    };
     const auto given = RotationOfThree(three, turn), negated = RotationOfThree(three, -turn);
-    const auto& best = misfit(negated) < misfit(given) ? negated : given;
+    const auto& best = Misfit(three, negated) < Misfit(three, given) ? negated : given;
     const Outcome out = Pairs(ZorPointArray(three), {angles[0], angles[1], angles[2]});
     EXPECT_EQ(out.centre, best.first);
-    EXPECT_EQ(out.radius, double(best.second));
+    EXPECT_EQ(out.radius, best.second);
+  }
+}
+
+TEST(PointAnglePairsCircle, TakesTheBetterMeanOfRadiiInDoubleOrSinglePrecision) {
+  std::mt19937_64 rng(20240607);
+  std::uniform_real_distribution<double> unit(0, 90);
+  for (int i = 0; i < 40; ++i) {
+    std::vector<ZorPoint> points(4);
+    for (ZorPoint& p : points) p = {unit(rng), unit(rng)};
+    const ZorVarArray angles = {unit(rng), unit(rng), unit(rng), unit(rng)};
+    ZorPoint centre;
+    double radii = 0;
+    float single = 0;
+    for (int without = 3; without >= 0; --without) {
+      ZorPointArray three;
+      ZorVarArray turns;
+      for (int k = 0; k < 4; ++k) {
+        if (k == without) continue;
+        three.Append(points[std::size_t(k)]);
+        turns.Append(angles[k]);
+      }
+      const Outcome out = Pairs(three, turns);
+      centre = centre + out.centre;
+      radii += out.radius;
+      single += static_cast<float>(out.radius);
+    }
+    centre = {centre.x / 4, centre.y / 4};
+    const double negated = double(single / 4);
+    const bool is_negated = Misfit(points, {centre, negated}) < Misfit(points, {centre, radii / 4});
+    const Outcome out = Pairs(ZorPointArray(points), angles);
+    EXPECT_EQ(out.centre, centre);
+    EXPECT_EQ(out.radius, is_negated ? negated : radii / 4);
   }
 }
 

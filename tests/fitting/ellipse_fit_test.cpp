@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -117,6 +119,24 @@ TEST(EllipseFits, ClipByTheTracedDistanceFromTheEllipse) {
     EXPECT_EQ(fit(dented, 4, 3), four) << "measured another way";
     EXPECT_EQ(capture.Records().size(), 2U + 3 * 2 * 60);
   }
+}
+
+TEST(EllipseFits, EndWithFewerThanFiveWeights) {
+  ZorPointArray points = Slot({2, 1}, 30, 17, 40, 30);
+  std::mt19937_64 rng(20240607);
+  std::normal_distribution<double> noise(0, 1.5);
+  for (ZorPoint& p : points) p = p + ZorPoint(noise(rng), noise(rng));
+  Outcome first = Squares(points, 2, 0);
+  std::vector<double> errors;
+  for (ZorPoint& p : points) {
+    errors.push_back(0);
+    ZorGeometryMeasure().PointToOvalDistance(p, first.centre, double(first.a), double(first.b),
+                                             double(first.angle), &errors.back(), nullptr);
+  }
+  for (double& error : errors) error = std::fabs(error);  // negative inside
+  std::sort(errors.begin(), errors.end());
+  EXPECT_EQ(Squares(points, 3, (errors[3] + errors[4]) / 2), first);
+  EXPECT_FALSE(Squares(points, 3, (errors[4] + errors[5]) / 2) == first);
 }
 
 TEST(EllipseFits, SurviveAnyPoints) {

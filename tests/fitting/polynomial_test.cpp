@@ -104,6 +104,15 @@ TEST(PolynomialFits, CheckTheirArgumentsInOrder) {
   EXPECT_EQ(fit.c, ZorVarArray({0.0, 0.0})) << "singular";
 }
 
+TEST(LeastAbsolutePolynomial, EqualSumDoesNotEndThePass) {
+  // Every sum is exact: the second step repeats the first one's, the third moves to the majority.
+  ZorPointArray points;
+  for (const double y : {1.5, -0.5, -0.5, -0.5, 1.5, -0.5, -0.5, -0.5}) points.Append({1, y});
+  Fitter fit;
+  EXPECT_EQ(fit(Fit::kAbsolute, points, 0, 1, 1), GM_OK);
+  EXPECT_LT(fit.c[0].D(), 0);
+}
+
 TEST(PolynomialFits, SampleEveryHalfUnitDescendingOneStepShort) {
   const auto check = [](double first, double last, int count, double start) {
     const ZorPointArray points = {{first, 1}, {5, 11}, {-5, -9}, {1, 3}, {last, 1}};
