@@ -15,6 +15,9 @@ namespace {
 /// Up to here the exchanges are as fast as sorting, and need no allocation.
 constexpr std::size_t kFew = 32;
 
+/// Up to here the exchanges can be afforded where they matter.
+constexpr std::size_t kMany = 1000;
+
 struct Spoke {
   double angle_deg = 0.0;
   ZorPoint point;
@@ -33,16 +36,17 @@ void Exchange(std::span<Spoke> spokes) {
   }
 }
 
-/// Sorts unless the exchanges could give another order; then the spokes are left in any order.
-bool SortIfUnambiguous(std::span<Spoke> spokes) {
-  const auto is_nan = [](const Spoke& s) { return std::isnan(s.angle_deg); };
-  if (std::any_of(spokes.begin(), spokes.end(), is_nan)) return false;
-  std::sort(spokes.begin(), spokes.end(),
-            [](const Spoke& a, const Spoke& b) { return a.angle_deg < b.angle_deg; });
+/// Sorts stably, with what is no number last. Whether the exchanges cannot give another order.
+bool Sort(std::span<Spoke> spokes) {
+  const auto is_number = [](const Spoke& s) { return !std::isnan(s.angle_deg); };
+  const auto numbers_end = std::stable_partition(spokes.begin(), spokes.end(), is_number);
+  std::stable_sort(spokes.begin(), numbers_end,
+                   [](const Spoke& a, const Spoke& b) { return a.angle_deg < b.angle_deg; });
   const auto conflict = [](const Spoke& a, const Spoke& b) {
     return a.angle_deg == b.angle_deg && a.point != b.point;
   };
-  return std::adjacent_find(spokes.begin(), spokes.end(), conflict) == spokes.end();
+  return numbers_end == spokes.end() &&
+         std::adjacent_find(spokes.begin(), spokes.end(), conflict) == spokes.end();
 }
 
 void Fill(std::span<Spoke> spokes, std::span<const ZorPoint> points, const ZorPoint& centre) {
@@ -68,7 +72,7 @@ void OrderByAngle(std::span<ZorPoint> points, const ZorPoint& centre) {
   }
   std::vector<Spoke> spokes(points.size());
   Fill(spokes, points, centre);
-  if (!SortIfUnambiguous(spokes)) {
+  if (!Sort(spokes) && points.size() <= kMany) {
     Fill(spokes, points, centre);
     Exchange(spokes);
   }

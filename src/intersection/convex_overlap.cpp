@@ -13,7 +13,8 @@ using elementary::Cross;
 
 void SetSlopes(std::span<ChainNode> nodes) {
   for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
-    nodes[i].slope = (nodes[i + 1].x - nodes[i].x) / (nodes[i + 1].y - nodes[i].y);
+    const double slope = (nodes[i + 1].x - nodes[i].x) / (nodes[i + 1].y - nodes[i].y);
+    nodes[i].slope = std::isfinite(slope) ? slope : 0.0;  // of no height that matters
   }
 }
 

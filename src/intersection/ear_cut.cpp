@@ -220,22 +220,33 @@ class EarCutter {
       if (effort < 2 && !IsEmpty(i)) continue;
       Cut(i);
       waiting.push_back(a);
-      waiting.push_back(b);
+      waiting.push_back(after_[a]);
       has_cut = true;
       if (effort == 2) break;
     }
     return has_cut;
   }
 
+  void Remove(std::size_t i) {
+    after_[before_[i]] = after_[i];
+    before_[after_[i]] = before_[i];
+    before_[i] = kNone;
+    --left_;
+  }
+
   void Cut(std::size_t i) {
     const std::size_t a = before_[i];
     const std::size_t b = after_[i];
     beyond_[a] = Turn(i) > 0 ? rings_.Add(a, i, b, beyond_[a], beyond_[i]) : kNone;
-    after_[a] = b;
-    before_[b] = a;
-    before_[i] = kNone;
-    --left_;
-    for (const std::size_t neighbour : {a, b}) {
+    Remove(i);
+    // Where the outline runs back onto itself: equal neighbours would hide which way they turn.
+    const bool is_repeated = vertices_[a] == vertices_[b] && left_ > 3;
+    if (is_repeated) {
+      beyond_[a] = beyond_[b];
+      if (is_reflex_[b]) --reflex_left_;
+      Remove(b);
+    }
+    for (const std::size_t neighbour : {a, after_[a]}) {
       const bool was_reflex = is_reflex_[neighbour];
       is_reflex_[neighbour] = Turn(neighbour) < 0;
       if (was_reflex && !is_reflex_[neighbour]) --reflex_left_;

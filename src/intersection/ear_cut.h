@@ -14,6 +14,8 @@ struct CutPolygon {
   std::vector<std::vector<ZorPoint>> pieces;  // ears, joined where they make one convex piece
 };
 
+/// Precondition: no vertex equals the one after it.
+///
 /// Cuts ears until the rest is convex: a vertex that turns the polygon's way and whose triangle
 /// with its neighbours holds no other vertex (G. H. Meisters, Polygons have ears, 1975). Ears
 /// beside a reflex vertex go first, since only they make the rest more convex. Only reflex vertices

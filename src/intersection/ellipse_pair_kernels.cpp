@@ -120,14 +120,22 @@ EllipsePair::EllipsePair(const Ellipse& first, const Ellipse& second)
     meetings_.push_back({turned, is_entry, is_tangent,
                          frame.ToImage(first.a * std::cos(t), first.b * std::sin(t))});
   };
-  for (std::size_t i = 0; i < extrema.size(); ++i) {
-    const bool is_last = i + 1 == extrema.size();
-    const std::size_t next = is_last ? 0 : i + 1;
-    if (sides[i] == 0) meet(extrema[i], false, true);
-    if (sides[i] * sides[next] >= 0) continue;
-    const double end = is_last ? extrema[0] + kFullTurn : extrema[next];
-    const auto value = [&along](double t) { return along.Equation(t); };
-    meet(FindBracketedRoot(value, extrema[i], end), sides[i] > 0, false);
+  // From one extremum off the second ellipse to the next: those between them that touch it are one
+  // contact, a crossing where the sides differ.
+  const std::size_t count = extrema.size();
+  const auto angle_of = [&](std::size_t i) {
+    return i < count ? extrema[i] : extrema[i - count] + kFullTurn;
+  };
+  for (std::size_t i = 0; i < count; ++i) {
+    if (sides[i] == 0) continue;
+    std::size_t next = i + 1;
+    while (sides[next % count] == 0) ++next;
+    if (sides[i] != sides[next % count]) {
+      const auto value = [&along](double t) { return along.Equation(t); };
+      meet(FindBracketedRoot(value, angle_of(i), angle_of(next)), sides[i] > 0, false);
+    } else if (next > i + 1) {
+      meet(angle_of((i + next) / 2), false, true);
+    }
   }
   std::ranges::sort(meetings_, {}, &Meeting::t);
 }

@@ -25,7 +25,8 @@ struct Ellipse {
 
 /// The common points of two ellipses, in ascending parametric angle on the first one (clockwise on
 /// the screen from the end of its first axis). Where they pass within 1e-6 pixels of each other
-/// without leaving that band on either side they touch: one point. Outlines within 1e-6 of each
+/// without leaving that band on either side they touch, and where they leave it on the other side
+/// they cross: one point, however long they stay in it. Outlines within 1e-6 of each
 /// other everywhere have no points.
 ///
 /// Method: in the frame in which the first ellipse is the unit circle, the equation of the second

@@ -1,6 +1,8 @@
 #include "intersection/polygon_overlap.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <vector>
 
 #include <tbb/blocked_range.h>
@@ -14,9 +16,20 @@
 namespace zor::intersection {
 namespace {
 
+/// The vertices but those equal to the one before, cyclically: an edge without length hides which
+/// way the outline turns there.
+std::vector<ZorPoint> WithoutRepeats(std::span<const ZorPoint> outline) {
+  std::vector<ZorPoint> vertices;
+  vertices.reserve(outline.size());
+  std::unique_copy(outline.begin(), outline.end(), std::back_inserter(vertices));
+  while (vertices.size() > 1 && vertices.back() == vertices.front()) vertices.pop_back();
+  return vertices;
+}
+
 /// A polygon as convex core and convex pieces.
 struct Parts {
-  explicit Parts(std::span<const ZorPoint> polygon) {
+  explicit Parts(std::span<const ZorPoint> outline) {
+    const std::vector<ZorPoint> polygon = WithoutRepeats(outline);
     if (IsConvex(polygon)) {
       cut.core.assign(polygon.begin(), polygon.end());
     } else {
@@ -48,8 +61,8 @@ class ConvexPolygonIntersectionArrayTbb {
   void operator()(const tbb::blocked_range<std::size_t>& range) {
     const ConvexSides core = other_->core.Sides(0);
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
-      if (!parts_->boxes[i].Meets(*box_)) continue;
       if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->cut.core);
+      if (!parts_->boxes[i].Meets(*box_)) continue;
       sum_.Add(OverlapArea(parts_->pieces.Sides(i), core));
     }
   }
@@ -76,8 +89,10 @@ class ConvexPolygonIntersectionTbb {
   void operator()(const tbb::blocked_range<std::size_t>& range) {
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
       const ConvexSides sides = parts_->pieces.Sides(i);
+      if (*witness_) {
+        for (const auto& piece : other_->cut.pieces) (*witness_)(parts_->cut.pieces[i], piece);
+      }
       tree_->VisitMeeting(parts_->boxes[i], [&](std::size_t k) {
-        if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->cut.pieces[k]);
         sum_.Add(OverlapArea(sides, other_->pieces.Sides(k)));
       });
     }
@@ -108,7 +123,7 @@ double PolygonOverlapArea(std::span<const ZorPoint> p, std::span<const ZorPoint>
                           const PairWitness& witness) {
   const PieceBox p_box = BoxOf(p);
   const PieceBox q_box = BoxOf(q);
-  if (!p_box.Meets(q_box)) return 0.0;
+  if (!witness && !p_box.Meets(q_box)) return 0.0;
   const Parts p_parts(p);
   const Parts q_parts(q);
   const std::size_t p_count = p_parts.pieces.Count();

@@ -1,5 +1,6 @@
 #include "intersection/trig_polynomial.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -80,7 +81,12 @@ bool TrigPolynomial::IsFinite() const { return std::isfinite(c0 + c1 + s1 + c2 +
 std::vector<double> FindSignChanges(const TrigPolynomial& f) {
   if (!f.IsFinite()) return {};
   if (f.c1 == 0 && f.s1 == 0 && f.c2 == 0 && f.s2 == 0) return {};
-  return SignChangeSearch(f).Run();
+  // By a power of two, which changes no digit: the bounds of the search must not overflow.
+  double largest = 0.0;
+  for (const double c : {f.c0, f.c1, f.s1, f.c2, f.s2}) largest = std::max(largest, std::fabs(c));
+  const auto scaled = [power = -std::ilogb(largest)](double c) { return std::scalbn(c, power); };
+  return SignChangeSearch({scaled(f.c0), scaled(f.c1), scaled(f.s1), scaled(f.c2), scaled(f.s2)})
+      .Run();
 }
 
 }  // namespace zor::intersection

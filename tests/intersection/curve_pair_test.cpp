@@ -126,6 +126,22 @@ TEST(EllipsePair, AgreesWithIntegrationInEveryPosition) {
   }
 }
 
+TEST(EllipsePair, AgreesWithIntegrationAboutOsculation) {
+  std::mt19937_64 rng(20240608);
+  std::uniform_real_distribution<double> unit(0, 1);
+  for (int i = 0; i < 120; ++i) {
+    // The circle of curvature at t, nearly: it crosses there, or stays within a hair for long.
+    const double t = i % 4 == 0 ? 0 : 1.5 * unit(rng), c = std::cos(t), s = std::sin(t);
+    const double speed2 = 100.0 * 100 * s * s + 50.0 * 50 * c * c;
+    const double r = std::pow(speed2, 1.5) / 5000 + std::pow(10, -3 - 6 * unit(rng));
+    const double length = std::sqrt(speed2);
+    const Ellipse p{{0, 0}, 100, 50, 0},
+        q{{100 * c - r * 50 * c / length, -(50 * s - r * 100 * s / length)}, r, r, 0};
+    SCOPED_TRACE(Show(p) + ", " + Show(q));
+    CheckPair(p, q);
+  }
+}
+
 TEST(EllipsePair, AgreesWithIntegrationInSpecialPositions) {
   struct Case {
     const char* what;
@@ -144,6 +160,18 @@ TEST(EllipsePair, AgreesWithIntegrationInSpecialPositions) {
            {"nested", {{0, 0}, 10, 4, 20}, {{1, 1}, 2, 1, 70}, 0},
            {"circles turned against each other", {{0, 0}, 7, 7, 0}, {{0, 0}, 7, 7, 30}, 0},
            {"nearly the same", {{0, 0}, 100, 60, 0}, {{3e-5, 0}, 100, 60, 0}, 2},
+           {"crossing at an osculation",
+            {{0, 0}, 100, 50, 0},
+            {{74.719159858517656, -0.018726575191341244}, 25.2815415, 25.2815415, 0},
+            2},
+           {"almost the same",
+            {{0, 0}, 10, 9, 40},
+            {{1.3e-8, 1.55e-6}, 10 + 2.9e-7, 9 - 6.3e-7, 40.0000439},
+            2},
+           {"flatter than the other's tip by a hair",
+            {{0, 0}, 2000, 1000, 0},
+            {{1499.999, 0}, 500.001, 500.001, 0},
+            1},
        }) {
     SCOPED_TRACE(c.what);
     CheckPair(c.p, c.q);
@@ -151,6 +179,8 @@ TEST(EllipsePair, AgreesWithIntegrationInSpecialPositions) {
   }
   const Ellipse nowhere{{kNaN, 0}, 1, 1, 0}, vast{{0, 0}, 1e200, 1e-200, 0};
   EXPECT_TRUE(EllipsePair(nowhere, vast).Points().empty());
+  const Ellipse thread{{0, 0}, 1e154, 1, 0}, disc{{0, 0}, 1, 1, 0};  // in finite time
+  EXPECT_LE(EllipsePair(thread, disc).Points().size(), 4U);
 }
 
 TEST(OvalsIntersection, ClearsTouchingPointsAndRefusesTheSameOval) {

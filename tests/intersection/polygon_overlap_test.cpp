@@ -133,6 +133,27 @@ TEST(PolygonOverlap, CountsCoincidentEdgesOnce) {
   // Straight angles and repeated vertices.
   EXPECT_EQ(PolygonOverlapArea(square, {{{2, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 4}, {2, 4}, {2, 2}}}),
             8.0);
+  // Repeated at a reflex vertex: an L, a dart, a C with one notch; from every start, also closed.
+  const Polygon big{{-50, -50}, {50, -50}, {50, 50}, {-50, 50}};
+  for (const auto& [figure, area] :
+       {std::pair{Polygon{{5, 5}, {5, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 5}}, 75.0},
+        {Polygon{{5, 8}, {10, 0}, {5, 20}, {0, 0}}, 60.0},
+        {Polygon{{3, 3}, {3, 7}, {10, 7}, {10, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 3}}, 72.0}}) {
+    for (std::size_t start = 0; start < figure.size(); ++start) {
+      Polygon p = figure;
+      std::rotate(p.begin(), p.begin() + static_cast<std::ptrdiff_t>(start), p.end());
+      p.insert(p.begin() + 1, p[0]);
+      EXPECT_EQ(PolygonOverlapArea(p, big), area);
+      p.push_back(p[0]);
+      EXPECT_EQ(PolygonOverlapArea(big, p), area);
+    }
+  }
+  // A bridge to a hole, which the outline runs along twice.
+  const Polygon ring{{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 4}, {3, 4},
+                     {3, 6}, {6, 6}, {6, 3}, {3, 3}, {3, 4}, {0, 4}};
+  EXPECT_NEAR(PolygonOverlapArea(ring, big), 72, 1e-12);
+  const Polygon hair{{0, 0}, {10, 1e-310}, {10, 10}, {0, 10}};  // an edge of infinite slope
+  EXPECT_EQ(PolygonOverlapArea(hair, big), 100);
 }
 
 TEST(PolygonOverlap, DoesNotDependOnThreads) {
