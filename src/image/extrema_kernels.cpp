@@ -168,10 +168,21 @@ class MarkedColumns {
   std::vector<std::uint32_t> columns_;
 };
 
+/// As many as can be found, since one blocks the square beside and below it; fewer, if that is more
+/// than is worth having at hand.
+std::size_t MostFound(const Field& field, int radius) {
+  constexpr std::size_t kWorthwhile = 1 << 16;
+  const std::size_t side = static_cast<std::size_t>(std::max(radius, 0)) + 1;
+  const std::size_t across = field.Columns() / side + 1;
+  const std::size_t down = static_cast<std::size_t>(field.height()) / side + 1;
+  return std::min(across * down, kWorthwhile);
+}
+
 template <Extremum which, typename Count>
 std::vector<ZorPoint> Scan(const Field& field, const std::optional<KnownRanks>& known,
                            unsigned char limit, int radius) {
   std::vector<ZorPoint> found;
+  found.reserve(MostFound(field, radius));
   BlockedColumns<Count> blocked(field.Columns(), radius);
   std::vector<unsigned char> marks(field.Columns());
   MarkedColumns marked(field.Columns());
