@@ -165,14 +165,14 @@ void Modes(benchmark::internal::Benchmark* bench) {
 }
 
 BENCHMARK(Ours)->Name("ContourToContourDistance/zor")->Apply(Modes)->UseRealTime();
-BENCHMARK(GeosIndexed)->Name("ContourToContourDistance/geos nearest")->Apply(Modes)->UseRealTime();
+BENCHMARK(GeosIndexed)->Name("ContourToContourDistance/geos_nearest")->Apply(Modes)->UseRealTime();
 BENCHMARK(NearestNeighbours)
     ->Name("ContourToContourDistance/nanoflann")
     ->Apply(Modes)
     ->UseRealTime();
-BENCHMARK(Hulls)->Name("ContourToContourDistance/boost hulls")->Apply(Modes)->UseRealTime();
+BENCHMARK(Hulls)->Name("ContourToContourDistance/boost_hulls")->Apply(Modes)->UseRealTime();
 BENCHMARK(OursConcentric)
-    ->Name("ContourToContourDistance/zor concentric")
+    ->Name("ContourToContourDistance/zor_concentric")
     ->Apply(Modes)
     ->UseRealTime();
 

@@ -189,7 +189,7 @@ void SegmentToOval(benchmark::State& state) {
 }
 
 BENCHMARK(PointsToOval)->Name("PointArrayToOvalDistance/zor")->Arg(100000);
-BENCHMARK(PointsToOvalOneByOne)->Name("PointArrayToOvalDistance/one by one")->Arg(100000);
+BENCHMARK(PointsToOvalOneByOne)->Name("PointArrayToOvalDistance/one_by_one")->Arg(100000);
 BENCHMARK(PointsToOvalByNewton)->Name("PointArrayToOvalDistance/newton")->Arg(100000);
 BENCHMARK(PointsToCircle)->Name("PointArrayToCircleDistance/zor")->Arg(100000);
 BENCHMARK(PointsToRectangle)->Name("PointArrayToRectAngularDistance/zor")->Arg(100000);

@@ -15,9 +15,16 @@ PieceBox Joined(const PieceBox& a, const PieceBox& b) {
 }  // namespace
 
 PieceBox BoxOf(std::span<const ZorPoint> points) {
+  // Two boxes by turns: one would wait for its last minimum at every point.
   PieceBox box{points[0], points[0]};
-  for (const ZorPoint& p : points.subspan(1)) box = Joined(box, {p, p});
-  return box;
+  PieceBox other = box;
+  std::size_t i = 1;
+  for (; i + 1 < points.size(); i += 2) {
+    box = Joined(box, {points[i], points[i]});
+    other = Joined(other, {points[i + 1], points[i + 1]});
+  }
+  if (i < points.size()) box = Joined(box, {points[i], points[i]});
+  return Joined(box, other);
 }
 
 BoxTree::BoxTree(std::span<const PieceBox> boxes) : order_(boxes.size()) {

@@ -100,11 +100,20 @@ void ConvexPieces::Add(std::span<const ZorPoint> vertices) {
   const std::size_t count = vertices.size();
   std::size_t low = 0;
   std::size_t high = 0;
+  double low_y = vertices[0].y;
+  double high_y = low_y;
   for (std::size_t i = 1; i < count; ++i) {
-    if (vertices[i].y < vertices[low].y) low = i;
-    if (vertices[i].y > vertices[high].y) high = i;
+    const double y = vertices[i].y;
+    if (y < low_y) {
+      low_y = y;
+      low = i;
+    }
+    if (y > high_y) {
+      high_y = y;
+      high = i;
+    }
   }
-  if (!(vertices[low].y < vertices[high].y)) return;  // nor with coordinates that are no numbers
+  if (!(low_y < high_y)) return;  // nor with coordinates that are no numbers
   // Along a level edge each side takes its own end: the last one before y changes.
   const auto along_level = [&](std::size_t i, std::size_t step) {
     for (std::size_t n = 0; n < count; ++n) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numeric>
 
 #include "elementary/area_kernels.h"
 #include "elementary/point_kernels.h"
@@ -14,13 +15,19 @@ using elementary::TriangleCross;
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+struct GridEntry {
+  ZorPoint point;
+  std::size_t vertex = 0;
+};
+
 /// Vertices in cells, about as many as there are vertices and about square; those that are no
-/// longer of interest stay and are skipped by the user.
+/// longer of interest stay and are skipped by the user. The cells of a row follow one another in
+/// memory, so that a wide box is a walk over a list.
 class VertexGrid {
  public:
   /// Precondition: at least one member.
   VertexGrid(std::span<const ZorPoint> vertices, const std::vector<std::size_t>& members)
-      : low_(vertices[members[0]]), high_(low_), next_(vertices.size(), kNone) {
+      : low_(vertices[members[0]]), high_(low_), entries_(members.size()) {
     for (const std::size_t i : members) {
       const ZorPoint& p = vertices[i];
       low_ = ZorPoint(std::min(low_.x, p.x), std::min(low_.y, p.y));
@@ -30,25 +37,24 @@ class VertexGrid {
     const double columns = std::sqrt(count * ((high_.x - low_.x) / (high_.y - low_.y)));
     columns_ = columns < count ? static_cast<std::size_t>(std::max(columns, 1.0)) : members.size();
     rows_ = members.size() / columns_ + 1;
-    heads_.assign(columns_ * rows_, kNone);
-    for (const std::size_t i : members) {
-      std::size_t& head = heads_[Row(vertices[i].y) * columns_ + Column(vertices[i].x)];
-      next_[i] = head;
-      head = i;
-    }
+    ends_.assign(columns_ * rows_ + 1, 0);
+    for (const std::size_t i : members) ++ends_[CellOf(vertices[i]) + 1];
+    std::partial_sum(ends_.begin(), ends_.end(), ends_.begin());
+    std::vector<std::size_t> next(ends_.begin(), ends_.end() - 1);
+    for (const std::size_t i : members) entries_[next[CellOf(vertices[i])]++] = {vertices[i], i};
   }
 
   /// Calls `visit` with the members in the cells of a box until it returns true; whether it did.
   template <typename Visit>
   bool AnyIn(const ZorPoint& low, const ZorPoint& high, Visit&& visit) const {
     if (high.x < low_.x || low.x > high_.x || high.y < low_.y || low.y > high_.y) return false;
-    const std::size_t last_column = Column(high.x);
+    const std::size_t first = Column(low.x);
+    const std::size_t last = Column(high.x);
     const std::size_t last_row = Row(high.y);
     for (std::size_t row = Row(low.y); row <= last_row; ++row) {
-      for (std::size_t column = Column(low.x); column <= last_column; ++column) {
-        for (std::size_t i = heads_[row * columns_ + column]; i != kNone; i = next_[i]) {
-          if (visit(i)) return true;
-        }
+      const std::size_t end = ends_[row * columns_ + last + 1];
+      for (std::size_t k = ends_[row * columns_ + first]; k < end; ++k) {
+        if (visit(entries_[k])) return true;
       }
     }
     return false;
@@ -63,13 +69,16 @@ class VertexGrid {
   }
   [[nodiscard]] std::size_t Column(double x) const { return Cell(x, low_.x, high_.x, columns_); }
   [[nodiscard]] std::size_t Row(double y) const { return Cell(y, low_.y, high_.y, rows_); }
+  [[nodiscard]] std::size_t CellOf(const ZorPoint& p) const {
+    return Row(p.y) * columns_ + Column(p.x);
+  }
 
   ZorPoint low_;  // of the members
   ZorPoint high_;
   std::size_t columns_ = 1;
   std::size_t rows_ = 1;
-  std::vector<std::size_t> heads_;
-  std::vector<std::size_t> next_;
+  std::vector<std::size_t> ends_;  // cell k has the entries from ends_[k] to ends_[k + 1]
+  std::vector<GridEntry> entries_;
 };
 
 /// The pieces cut off, as rings of corners; rings join in constant time.
@@ -210,9 +219,10 @@ class EarCutter {
   /// Cuts what can be cut among the waiting vertices and those that a cut frees; whether any was.
   bool Sweep(std::vector<std::size_t>& waiting, int effort) {
     bool has_cut = false;
-    while (!waiting.empty() && !IsDone()) {
-      const std::size_t i = waiting.back();
-      waiting.pop_back();
+    // First come first cut: going on beside the last cut would build fans, whose long ears have
+    // many vertices near them.
+    for (std::size_t head = 0; head < waiting.size() && !IsDone(); ++head) {
+      const std::size_t i = waiting[head];
       if (before_[i] == kNone || is_reflex_[i]) continue;
       const std::size_t a = before_[i];
       const std::size_t b = after_[i];
@@ -262,10 +272,10 @@ class EarCutter {
     const ZorPoint& b = vertices_[after_[i]];
     const ZorPoint low(std::min({a.x, p.x, b.x}), std::min({a.y, p.y, b.y}));
     const ZorPoint high(std::max({a.x, p.x, b.x}), std::max({a.y, p.y, b.y}));
-    return !grid_[0].AnyIn(low, high, [&](std::size_t k) {
-      if (!is_reflex_[k] || before_[k] == kNone) return false;
-      const ZorPoint& v = vertices_[k];
+    return !grid_[0].AnyIn(low, high, [&](const GridEntry& entry) {
+      const ZorPoint& v = entry.point;
       if (v.x < low.x || v.x > high.x || v.y < low.y || v.y > high.y) return false;
+      if (!is_reflex_[entry.vertex] || before_[entry.vertex] == kNone) return false;
       if (v == a || v == p || v == b) return false;
       return sign_ * TriangleCross(a, p, v) >= 0 && sign_ * TriangleCross(p, b, v) >= 0 &&
              sign_ * TriangleCross(b, a, v) >= 0;

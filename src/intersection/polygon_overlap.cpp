@@ -16,6 +16,11 @@
 namespace zor::intersection {
 namespace {
 
+bool HasRepeats(std::span<const ZorPoint> outline) {
+  return outline.front() == outline.back() ||
+         std::adjacent_find(outline.begin(), outline.end()) != outline.end();
+}
+
 /// The vertices but those equal to the one before, cyclically: an edge without length hides which
 /// way the outline turns there.
 std::vector<ZorPoint> WithoutRepeats(std::span<const ZorPoint> outline) {
@@ -29,7 +34,9 @@ std::vector<ZorPoint> WithoutRepeats(std::span<const ZorPoint> outline) {
 /// A polygon as convex core and convex pieces.
 struct Parts {
   explicit Parts(std::span<const ZorPoint> outline) {
-    const std::vector<ZorPoint> polygon = WithoutRepeats(outline);
+    std::vector<ZorPoint> distinct;  // only where it is needed
+    if (HasRepeats(outline)) distinct = WithoutRepeats(outline);
+    const std::span<const ZorPoint> polygon = distinct.empty() ? outline : distinct;
     if (IsConvex(polygon)) {
       cut.core.assign(polygon.begin(), polygon.end());
     } else {
