@@ -94,26 +94,22 @@ void ConvexPieces::Walk(std::span<const ZorPoint> vertices, std::size_t first, s
 }
 
 void ConvexPieces::Add(std::span<const ZorPoint> vertices) {
+  std::size_t low = 0;
+  std::size_t high = 0;
+  for (std::size_t i = 1; i < vertices.size(); ++i) {
+    if (vertices[i].y < vertices[low].y) low = i;
+    if (vertices[i].y > vertices[high].y) high = i;
+  }
+  Add(vertices, low, high);
+}
+
+void ConvexPieces::Add(std::span<const ZorPoint> vertices, std::size_t low, std::size_t high) {
   const std::size_t begin = nodes_.size();
   spans_.push_back({begin, begin, begin});
   if (vertices.size() < 3) return;
   const std::size_t count = vertices.size();
-  std::size_t low = 0;
-  std::size_t high = 0;
-  double low_y = vertices[0].y;
-  double high_y = low_y;
-  for (std::size_t i = 1; i < count; ++i) {
-    const double y = vertices[i].y;
-    if (y < low_y) {
-      low_y = y;
-      low = i;
-    }
-    if (y > high_y) {
-      high_y = y;
-      high = i;
-    }
-  }
-  if (!(low_y < high_y)) return;  // nor with coordinates that are no numbers
+  // Nor with coordinates that are no numbers.
+  if (!(vertices[low].y < vertices[high].y)) return;
   // Along a level edge each side takes its own end: the last one before y changes.
   const auto along_level = [&](std::size_t i, std::size_t step) {
     for (std::size_t n = 0; n < count; ++n) {
@@ -172,15 +168,21 @@ double OverlapArea(const ConvexSides& p, const ConvexSides& q) {
   }
 }
 
-bool IsConvex(std::span<const ZorPoint> polygon) {
+OutlineTraits TraitsOf(std::span<const ZorPoint> polygon) {
+  OutlineTraits traits;
   const std::size_t count = polygon.size();
-  if (count < 3) return false;
+  if (count < 3) return traits;
   bool turns_left = false;
   bool turns_right = false;
   int reversals = 0;  // of the direction in y: two for a polygon that goes around once
   ZorPoint before = polygon[0] - polygon[count - 1];
   int heading = 0;
   int first_heading = 0;
+  std::size_t first = 0;
+  const auto reverse = [&](std::size_t i, int now) {
+    ++reversals;
+    (now > 0 ? traits.low : traits.high) = i;
+  };
   for (std::size_t i = 0; i < count; ++i) {
     const ZorPoint& here = polygon[i];
     const ZorPoint& next = i + 1 < count ? polygon[i + 1] : polygon[0];
@@ -188,16 +190,22 @@ bool IsConvex(std::span<const ZorPoint> polygon) {
     const double turn = Cross(before, edge);
     turns_left |= turn > 0;
     turns_right |= turn < 0;
+    traits.has_repeats |= edge.x == 0 && edge.y == 0;
     const int now = (edge.y > 0 ? 1 : 0) - (edge.y < 0 ? 1 : 0);
-    if (now != 0) {
-      if (heading != 0 && now != heading) ++reversals;
-      if (first_heading == 0) first_heading = now;
+    if (now != 0 && now != heading) {
+      if (heading == 0) {
+        first_heading = now;
+        first = i;
+      } else {
+        reverse(i, now);
+      }
       heading = now;
     }
     before = edge;
   }
-  if (heading != first_heading) ++reversals;
-  return !(turns_left && turns_right) && reversals <= 2;
+  if (heading != first_heading) reverse(first, first_heading);
+  traits.is_convex = !(turns_left && turns_right) && reversals <= 2;
+  return traits;
 }
 
 }  // namespace zor::intersection

@@ -37,6 +37,8 @@ class ConvexPieces {
   /// Vertices in either direction. Those on straight edges and repeated ones are allowed; what
   /// sticks out of a side by rounding is passed over.
   void Add(std::span<const ZorPoint> vertices);
+  /// The same where a vertex of the least and one of the greatest y are known.
+  void Add(std::span<const ZorPoint> vertices, std::size_t low, std::size_t high);
 
   [[nodiscard]] std::size_t Count() const { return spans_.size(); }
   [[nodiscard]] ConvexSides Sides(std::size_t i) const {
@@ -60,7 +62,13 @@ class ConvexPieces {
 /// Area common to two convex polygons. Linear in the vertices within the common range of y.
 [[nodiscard]] double OverlapArea(const ConvexSides& p, const ConvexSides& q);
 
-/// Whether the polygon turns one way only, within rounding, and around once.
-[[nodiscard]] bool IsConvex(std::span<const ZorPoint> polygon);
+/// What one look at the vertices of a polygon tells.
+struct OutlineTraits {
+  bool is_convex = false;    // it turns one way only, within rounding, and around once
+  bool has_repeats = false;  // a vertex equals the next one
+  std::size_t low = 0;       // of a convex one: a vertex of the least y, and one of the greatest
+  std::size_t high = 0;
+};
+[[nodiscard]] OutlineTraits TraitsOf(std::span<const ZorPoint> polygon);
 
 }  // namespace zor::intersection

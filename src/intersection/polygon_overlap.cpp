@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 #include <tbb/blocked_range.h>
@@ -15,11 +16,6 @@
 
 namespace zor::intersection {
 namespace {
-
-bool HasRepeats(std::span<const ZorPoint> outline) {
-  return outline.front() == outline.back() ||
-         std::adjacent_find(outline.begin(), outline.end()) != outline.end();
-}
 
 /// The vertices but those equal to the one before, cyclically: an edge without length hides which
 /// way the outline turns there.
@@ -34,15 +30,21 @@ std::vector<ZorPoint> WithoutRepeats(std::span<const ZorPoint> outline) {
 /// A polygon as convex core and convex pieces.
 struct Parts {
   explicit Parts(std::span<const ZorPoint> outline) {
-    std::vector<ZorPoint> distinct;  // only where it is needed
-    if (HasRepeats(outline)) distinct = WithoutRepeats(outline);
-    const std::span<const ZorPoint> polygon = distinct.empty() ? outline : distinct;
-    if (IsConvex(polygon)) {
-      cut.core.assign(polygon.begin(), polygon.end());
+    const OutlineTraits traits = TraitsOf(outline);
+    if (traits.is_convex && !traits.has_repeats) {
+      core_outline = outline;
+      core.Add(outline, traits.low, traits.high);
+      return;
+    }
+    std::vector<ZorPoint> polygon(outline.begin(), outline.end());
+    if (traits.has_repeats) polygon = WithoutRepeats(outline);
+    if (TraitsOf(polygon).is_convex) {
+      cut.core = std::move(polygon);
     } else {
       cut = CutEars(polygon);
     }
-    core.Add(cut.core);
+    core_outline = cut.core;
+    core.Add(core_outline);
     boxes.reserve(cut.pieces.size());
     for (const std::vector<ZorPoint>& piece : cut.pieces) {
       pieces.Add(piece);
@@ -50,7 +52,8 @@ struct Parts {
     }
   }
 
-  CutPolygon cut;
+  CutPolygon cut;  // empty for an outline that is convex as it is
+  std::span<const ZorPoint> core_outline;
   ConvexPieces core;
   ConvexPieces pieces;
   std::vector<PieceBox> boxes;  // of the pieces
@@ -68,7 +71,7 @@ class ConvexPolygonIntersectionArrayTbb {
   void operator()(const tbb::blocked_range<std::size_t>& range) {
     const ConvexSides core = other_->core.Sides(0);
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
-      if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->cut.core);
+      if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->core_outline);
       if (!parts_->boxes[i].Meets(*box_)) continue;
       sum_.Add(OverlapArea(parts_->pieces.Sides(i), core));
     }
@@ -135,7 +138,7 @@ double PolygonOverlapArea(std::span<const ZorPoint> p, std::span<const ZorPoint>
   const Parts q_parts(q);
   const std::size_t p_count = p_parts.pieces.Count();
   const std::size_t q_count = q_parts.pieces.Count();
-  if (witness) witness(p_parts.cut.core, q_parts.cut.core);
+  if (witness) witness(p_parts.core_outline, q_parts.core_outline);
   CompensatedSum sum;
   sum.Add(OverlapArea(p_parts.core.Sides(0), q_parts.core.Sides(0)));
   AddReduced(ConvexPolygonIntersectionArrayTbb(p_parts, q_parts, q_box, witness), p_count, sum);

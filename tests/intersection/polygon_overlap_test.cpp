@@ -19,8 +19,8 @@
 using zor::elementary::SignedArea;
 using zor::elementary::TriangleCross;
 using zor::intersection::CutEars;
-using zor::intersection::IsConvex;
 using zor::intersection::PolygonOverlapArea;
+using zor::intersection::TraitsOf;
 
 namespace {
 
@@ -173,10 +173,10 @@ TEST(CutEars, GivesAConvexCoreAndEarsOfTheWholeArea) {
     Polygon polygon = i % 6 == 0 ? Comb(3 + i, {0, 0}) : Star(rng, 4 + 5 * i, 0.2, {60, 60});
     if (i % 2 == 0) std::reverse(polygon.begin(), polygon.end());
     const auto cut = CutEars(polygon);
-    EXPECT_TRUE(cut.core.size() < 3 || IsConvex(cut.core));
+    EXPECT_TRUE(cut.core.size() < 3 || TraitsOf(cut.core).is_convex);
     double area = std::fabs(SignedArea(cut.core));
     for (const Polygon& piece : cut.pieces) {
-      EXPECT_TRUE(IsConvex(piece));
+      EXPECT_TRUE(TraitsOf(piece).is_convex);
       area += std::fabs(SignedArea(piece));
     }
     EXPECT_NEAR(area, std::fabs(SignedArea(polygon)), 1e-9 * area) << i;
@@ -195,5 +195,6 @@ TEST(PolygonOverlap, SurvivesWhatIsNoPolygon) {
     static_cast<void>(PolygonOverlapArea(square, odd));
     static_cast<void>(PolygonOverlapArea(odd, odd));
   }
-  EXPECT_FALSE(IsConvex(Polygon{{0, -5}, {3, 4}, {-5, -1.5}, {5, -1.5}, {-3, 4}}));  // a pentagram
+  EXPECT_FALSE(
+      TraitsOf(Polygon{{0, -5}, {3, 4}, {-5, -1.5}, {5, -1.5}, {-3, 4}}).is_convex);  // a pentagram
 }
