@@ -1250,7 +1250,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
 
   /// The largest circle inside a simple polygon, convex or concave, in either direction; of equally
   /// large ones any. Its radius is exact for its centre, and no circle is larger by more than 1e-7
-  /// of the polygon's extent. Of a polygon that crosses itself the inside is what an odd number of
+  /// of the polygon's extent (of arms narrower than a thousandth of it the search may take one that
+  /// is not the widest). Of a polygon that crosses itself the inside is what an odd number of
   /// turns encloses. Traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 3 points
   /// @retval GM_E_INSCRIBED_CIRCLE_FAILED  no circle fits: the polygon is thinner than 1e-7 of its

@@ -183,7 +183,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// @retval GM_E_PARAM_1  mode 5, A has a coordinate that is not finite or beyond 2^20, or is too
   ///                       large for an image of 2^28 pixels
   /// @retval GM_E_PARAM_2  the same for B
-  /// @retval GM_E_NO_INTERSECTION  mode 5, no pixel is enclosed by both contours
+  /// @retval GM_E_NO_INTERSECTION  mode 5, one contour encloses pixels and none of them is enclosed
+  ///         by both
   /// @retval GM_E_DISTANCE_FAILED  an exception while computing
   long ContourToContourDistance(ZorContour& contourA, ZorContour& contourB, int mode,
                                 ZorPoint* minPointA, ZorPoint* minPointB, double* minDistance,
@@ -461,7 +462,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// @retval GM_E_PARAM_2  spacing < 1
   /// @retval GM_E_PARAM_1  a coordinate is not a number or beyond 1048576, or the contour covers
   ///                       more than 2^28 pixels
-  /// @retval GM_E_DEGENERATE_RESULT  the contour encloses nothing that has a centre line
+  /// @retval GM_E_DEGENERATE_RESULT  the contour encloses nothing that has a centre line, or
+  ///         memory ran out
   long ContourSearchLine(ZorContour& contour, int spacing, ZorROIArray* lines);
 
   // ==== Images ==================================================================================

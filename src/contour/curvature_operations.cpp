@@ -39,7 +39,7 @@ using Convexity = std::vector<double> (*)(std::span<const ZorPoint>, const Neigh
 std::vector<ZorPoint> MostConvex(ZorPointView contour, const Neighbourhood& neighbours,
                                  Convexity convexity, double threshold) {
   std::vector<double> values = convexity(contour, neighbours);
-  if (elementary::SignedArea(contour) < 0) {
+  if (elementary::LocalSignedArea(contour) < 0) {
     for (double& value : values) value = -value;
   }
   std::vector<ZorPoint> convex;

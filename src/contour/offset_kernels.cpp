@@ -230,7 +230,7 @@ bool PointInwards(std::span<const ZorPoint> points, std::span<const ZorPoint> no
     const ZorPoint& behind = points[i + 1 < n ? i + 1 : 0];
     turn += elementary::Cross(behind - before, normals[i]);
   }
-  const double area = elementary::SignedArea(points);
+  const double area = elementary::LocalSignedArea(points);
   if (turn != 0 && area != 0 && !std::isnan(turn) && !std::isnan(area)) {
     return (turn > 0) == (area > 0);
   }

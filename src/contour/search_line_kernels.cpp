@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <numbers>
 #include <optional>
 
 #include "elementary/edge_index.h"
 #include "elementary/point_kernels.h"
-#include "elementary/segment_distance_kernels.h"
 
 namespace zor::contour {
 namespace {
@@ -24,7 +24,7 @@ ZorPoint RightOf(const ZorPoint& direction) { return {-direction.y, direction.x}
 /// The outlines of the band.
 class Band {
  public:
-  explicit Band(const ZorContourArray& contours) : contours_(contours) {
+  explicit Band(const ZorContourArray& contours) {
     for (const ZorContour& contour : contours) {
       if (contour.Length() >= 2) edges_.emplace_back(contour.View());
       for (const ZorPoint& p : contour) {
@@ -33,27 +33,25 @@ class Band {
     }
   }
 
-  /// Distance of p from the nearest outline. Linear.
+  /// About the distance of p from the nearest outline: the least of those in eight directions.
   [[nodiscard]] double HalfWidthAt(const ZorPoint& p) const {
     double least = std::numeric_limits<double>::infinity();
-    for (const ZorContour& contour : contours_) {
-      const ZorPointView points = contour.View();
-      for (std::size_t i = 0; i < points.size(); ++i) {
-        const ZorPoint& a = i == 0 ? points.back() : points[i - 1];
-        least = std::min(least, elementary::PointToClosedSegment(p, a, points[i]).distance);
-      }
+    for (int k = 0; k < 8; ++k) {
+      const double angle = k * std::numbers::pi / 4;
+      const std::optional<ZorPoint> hit = Hit(p, {std::cos(angle), std::sin(angle)});
+      if (hit) least = std::min(least, elementary::Distance(p, *hit));
     }
-    return least;
+    return std::isinf(least) ? 0.0 : least;
   }
 
-  /// The nearest point of an outline from p in the direction, a unit vector. Looks further and
-  /// further, so that few edges are tested.
+  /// The nearest point of an outline from p in the direction, a unit vector, but for p itself.
+  /// Looks further and further, so that few edges are tested.
   [[nodiscard]] std::optional<ZorPoint> Hit(const ZorPoint& p, const ZorPoint& direction) const {
-    std::vector<ZorPoint> crossings;
     for (double reach = 4.0; reach <= 8 * (largest_ + 1); reach *= 4) {
-      for (const elementary::EdgeIndex& edges : edges_) {
-        edges.AppendCrossings(p, Ahead(p, direction, reach), crossings);
-      }
+      std::vector<ZorPoint> crossings = Crossings(p, Ahead(p, direction, reach));
+      std::erase_if(crossings, [&p](const ZorPoint& crossing) {
+        return elementary::Distance(p, crossing) <= kAtOutline;
+      });
       if (crossings.empty()) continue;
       return *std::min_element(crossings.begin(), crossings.end(),
                                [&p](const ZorPoint& a, const ZorPoint& b) {
@@ -63,17 +61,43 @@ class Band {
     return std::nullopt;
   }
 
-  /// The line across the band through p, from the left to the right of the direction.
+  /// The line across the band through p, from the left to the right of the direction. A skeleton
+  /// runs along the outline where the band is no wider than a pixel; the line begins or ends there.
   [[nodiscard]] std::optional<ZorLine> Across(const ZorPoint& p, const ZorPoint& direction) const {
     const ZorPoint right = RightOf(direction);
     const std::optional<ZorPoint> end = Hit(p, right);
     const std::optional<ZorPoint> start = Hit(p, {-right.x, -right.y});
+    if (IsAtOutline(p)) {
+      if (end && Encloses(elementary::Midpoint(p, *end))) return ZorLine(p, *end);
+      if (start && Encloses(elementary::Midpoint(p, *start))) return ZorLine(*start, p);
+      return std::nullopt;
+    }
     if (!start || !end) return std::nullopt;
     return ZorLine(*start, *end);
   }
 
  private:
-  const ZorContourArray& contours_;
+  static constexpr double kAtOutline = 1e-5;  // pixels
+
+  [[nodiscard]] std::vector<ZorPoint> Crossings(const ZorPoint& a, const ZorPoint& b) const {
+    std::vector<ZorPoint> crossings;
+    for (const elementary::EdgeIndex& edges : edges_) edges.AppendCrossings(a, b, crossings);
+    return crossings;
+  }
+  [[nodiscard]] bool IsAtOutline(const ZorPoint& p) const {
+    for (const ZorPoint& step : {ZorPoint(1, 0), ZorPoint(0, 1)}) {
+      for (const ZorPoint& crossing : Crossings(p - step, p + step)) {
+        if (elementary::Distance(p, crossing) <= kAtOutline) return true;
+      }
+    }
+    return false;
+  }
+  /// By the crossings of a ray in a direction that outlines by pixels do not have.
+  [[nodiscard]] bool Encloses(const ZorPoint& p) const {
+    const double reach = 8 * (largest_ + 1);
+    return Crossings(p, {p.x + 0.8731 * reach, p.y + 0.4875 * reach}).size() % 2 == 1;
+  }
+
   std::vector<elementary::EdgeIndex> edges_;
   double largest_ = 0.0;
 };
@@ -176,11 +200,8 @@ std::vector<ZorPoint> Middles(const Band& band, const Course& course, double hal
   return middles;
 }
 
-}  // namespace
-
-std::vector<ZorLine> LinesAcross(const ZorContourArray& contours, std::span<const ZorPoint> way,
-                                 double spacing) {
-  const Band band(contours);
+void AppendLines(const Band& band, std::span<const ZorPoint> way, double spacing,
+                 std::vector<ZorLine>& lines) {
   const double half = std::max(TypicalHalfWidth(band, way), 2.0);
   // A branch into a right corner is sqrt(2) times that long.
   std::vector<ZorPoint> points = Middles(band, Course(WithoutEnds(way, 1.5 * half)), half, 0.0);
@@ -189,14 +210,23 @@ std::vector<ZorLine> LinesAcross(const ZorContourArray& contours, std::span<cons
     points = Middles(band, Course(ToTheEnds(band, points, half)), half, half / 2);
   }
   const Course centre(ToTheEnds(band, points, half));
-  const int count = std::max(static_cast<int>(centre.Length() / spacing), 1);
+  constexpr double kRounding = 1e-6;  // a whole number of spacings counts as one
+  const int count = std::max(static_cast<int>(centre.Length() / spacing + kRounding), 1);
   const double first = (centre.Length() - (count - 1) * spacing) / 2;
-  std::vector<ZorLine> lines;
   for (int k = 0; k < count; ++k) {
     const double length = first + k * spacing;
     const auto line = band.Across(centre.At(length), centre.DirectionAt(length, half));
-    if (line) lines.push_back(*line);
+    if (line && elementary::Distance(line->start, line->end) > 0) lines.push_back(*line);
   }
+}
+
+}  // namespace
+
+std::vector<ZorLine> LinesAcross(const ZorContourArray& contours,
+                                 std::span<const std::vector<ZorPoint>> ways, double spacing) {
+  const Band band(contours);
+  std::vector<ZorLine> lines;
+  for (const std::vector<ZorPoint>& way : ways) AppendLines(band, way, spacing, lines);
   return lines;
 }
 

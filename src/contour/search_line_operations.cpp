@@ -12,12 +12,18 @@
 using zor::frame::Trace;
 
 namespace zor::contour {
+namespace {
+
+/// The platform's code, or one of ours for memory that ran out.
+long CodeOf(long status) { return status < 0 ? GM_E_DEGENERATE_RESULT : status; }
+
+}  // namespace
 
 long GetSearchLines(const ZorContourArray& contours, int spacing, ZorROIArray* lines) {
   Trace trace("Get_Search_Line_for_Contour");
   ZorRegion region;
   if (const long status = ZORMV::ZorContourArrayToRegion(contours, &region); status != GM_OK) {
-    return status;
+    return CodeOf(status);
   }
   if (region.Empty()) return GM_E_DEGENERATE_RESULT;
   constexpr int kMargin = 1;
@@ -26,18 +32,17 @@ long GetSearchLines(const ZorContourArray& contours, int spacing, ZorROIArray* l
   int top = 0;
   if (const long status = ZORMV::ZorRegionToBinImage(region, kMargin, &image, &left, &top);
       status != GM_OK) {
-    return status;
+    return CodeOf(status);
   }
   if (const long status = ZORMV::ZorSkeletonDlg().Execute(image, &image); status != GM_OK) {
-    return status;
+    return CodeOf(status);
   }
-  std::vector<ZorLine> found;
+  std::vector<std::vector<ZorPoint>> ways = LongestWays(image);
   const ZorPoint origin(left, top);
-  for (std::vector<ZorPoint>& way : LongestWays(image)) {
+  for (std::vector<ZorPoint>& way : ways) {
     for (ZorPoint& p : way) p = p + origin;
-    const std::vector<ZorLine> across = LinesAcross(contours, way, spacing);
-    found.insert(found.end(), across.begin(), across.end());
   }
+  const std::vector<ZorLine> found = LinesAcross(contours, ways, spacing);
   if (found.empty()) return GM_E_DEGENERATE_RESULT;
   if (lines != nullptr) {
     for (const ZorLine& line : found) {

@@ -15,4 +15,12 @@ double SignedArea(std::span<const ZorPoint> polygon) {
   return 0.5 * sum;
 }
 
+double LocalSignedArea(std::span<const ZorPoint> polygon) {
+  double sum = 0.0;
+  for (std::size_t i = 2; i < polygon.size(); ++i) {
+    sum += Cross(polygon[i - 1] - polygon[0], polygon[i] - polygon[0]);
+  }
+  return 0.5 * sum;
+}
+
 }  // namespace zor::elementary

@@ -29,9 +29,9 @@ constexpr double kStraight = 1e-13;
 // With more edges than these a square is worth its roof only when it is small beside its distance.
 constexpr std::size_t kFewEdges = 32;
 
-// Far more than any outline takes whose arms are wider than a thousandth of its size; beyond it the
-// best circle so far is taken, so that no sliver holds up the host.
-constexpr std::size_t kMostSquares = 100'000;
+// About as many as an outline takes that is nothing but arms of a thousandth of its size, in half a
+// second; beyond it the best circle so far is taken, so that no sliver holds up the host.
+constexpr std::size_t kMostSquares = 1'000'000;
 
 // How far, relative to the size, the best centre found may be from the maximum that it is near.
 constexpr double kNearMaximum = 1e-4;

@@ -80,6 +80,15 @@ TEST(ContourSearchLine, FollowsABentBand) {
   }
 }
 
+TEST(ContourSearchLine, AcrossABandNoWiderThanAPixel) {
+  for (const SearchLine& line : Search({{0, 0}, {200, 0}, {200, 1}, {0, 1}}, 10)) {
+    EXPECT_NEAR(line.Length(), 1, 1e-9);
+  }
+  ZorContour nothing = {{0, 0}, {100, 0}, {200, 0}};
+  EXPECT_EQ(ZORMV::ZorGeometryMeasureDlg().ContourSearchLine(nothing, 10, nullptr),
+            GM_E_DEGENERATE_RESULT);
+}
+
 TEST(ContourSearchLine, CodesAndAppending) {
   ZORMV::ZorGeometryMeasureDlg dlg;
   ZorContour none, two = {{0, 0}, {9, 9}}, band = {{0, 0}, {60, 0}, {60, 8}, {0, 8}},
