@@ -46,8 +46,8 @@ using elementary::WhereLess;
 ///  - Vector, Row<Real>: k doubles, k Reals (std::array where k is fixed, else std::vector);
 ///    MakeVector(), MakeRow<Real>(): such zeros;
 ///  - Sums<Real>(model): the normal equations, gathered by Add(model, i, w^2), and then added to
-///    the right side and the matrix (both by rows) by AddTo(matrix, right_side); NormalSums<k, Real>
-///    serves any small fixed k;
+///    the right side and the matrix (both by rows) by AddTo(matrix, right_side); NormalSums<k,
+///    Real> serves any small fixed k;
 ///  - FillRow<Real>(i, row), Target<Real>(i): the equations;
 ///  - Settle(c): takes over a pass's coefficients; Error<Real>(i): how far the points are from
 ///  them;
@@ -283,7 +283,13 @@ template <typename Model, typename Clip, typename Keep, typename Pass>
 [[nodiscard]] bool RunPasses(Model& model, int passes, Clip&& clip, typename Model::Vector& c,
                              Keep keep, Pass pass) {
   Equations<typename Model::Vector> equations(model.MakeVector());
-  typename Model::Vector before = c;
+  // A pass depends on the coefficients before it alone, so once they repeat, so do all others: they
+  // come to rest, or the last bits go round. They are compared with those at the last power of two
+  // (R. P. Brent, An improved Monte Carlo factorization algorithm, 1980); then only what is left
+  // over of the passes beside whole rounds is done.
+  typename Model::Vector mark = c;
+  int marked_at = 0;
+  bool can_repeat = !Model::kErrorsAreObserved;
   for (int done = 0; done < passes; ++done) {
     if (done == 0) {
       Gather(model, UnitWeights(), keep, equations);
@@ -293,11 +299,16 @@ template <typename Model, typename Clip, typename Keep, typename Pass>
       if (!LeavesEnough(model, t)) return true;
       Gather(model, ErrorWeights<Model>(model, t), keep, equations);
     }
-    before = c;
     if (!pass(equations, c) && Model::kStopOnFailedSolve) return false;
     model.Settle(c);
-    // A pass depends on the coefficients before it alone, so once they repeat, so do all others.
-    if (!Model::kErrorsAreObserved && done > 0 && c == before) return true;
+    if (!can_repeat) continue;
+    if (done > 0 && c == mark) {
+      passes = done + 1 + (passes - 1 - done) % (done - marked_at);
+      can_repeat = false;
+    } else if ((done & (done - 1)) == 0) {
+      mark = c;
+      marked_at = done;
+    }
   }
   return true;
 }

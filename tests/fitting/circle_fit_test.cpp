@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <random>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -159,6 +161,36 @@ TEST(LeastAbsoluteCircle, EqualSumDoesNotEndThePassAndZeroIsNoNumber) {
   points = {{2, 0}, {-2, 0}, {0, 2}, {0, -2}, {0, 0}, {0, 0}, {0, 0}, {0, 0}};
   for (const double x : {-1.0, 1.0, -1.0, 1.0}) points.Append(ZorPointArray{{x, 1}, {x, -1}});
   EXPECT_TRUE(std::isnan(Absolute(points, 1, 1).radius));
+}
+
+TEST(LeastSquaresCircle, GoesRoundInItsLastBitsAsIfEveryPassWereMade) {
+  std::mt19937_64 rng(20240607);
+  std::normal_distribution<double> noise(0, 1);
+  int rounds = 0;
+  std::size_t known = 0;
+  for (int cloud = 0; cloud < 8; ++cloud) {
+    ZorPointArray points;
+    for (int i = 0; i < 60; ++i) {
+      points.Append({100 + 50 * std::cos(i) + noise(rng), 50 * std::sin(i) + noise(rng)});
+    }
+    // One pass leads from a circle to the next, wherever they stand in the sequence.
+    using State = std::tuple<double, double, double>;
+    const auto after = [&points](int passes) {
+      const Outcome out = Squares(points, passes, 3);
+      return State(out.centre.x, out.centre.y, out.radius);
+    };
+    std::map<State, State> next;
+    State before = after(2);
+    for (int passes = 3; passes < 200; ++passes) {
+      const State circle = after(passes);
+      EXPECT_EQ(next.emplace(before, circle).first->second, circle) << passes;
+      rounds += passes > 150 && circle != before ? 1 : 0;
+      before = circle;
+    }
+    known += next.count(after(2000000000));
+  }
+  EXPECT_GT(rounds, 0);  // or all came to rest
+  EXPECT_GT(known, 0U);  // of the clouds that go round so soon
 }
 
 TEST(CircleFits, SurviveAnyPoints) {
