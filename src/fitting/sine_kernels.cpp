@@ -14,12 +14,12 @@ namespace zor::fitting {
 namespace {
 
 constexpr double kTurn = 2 * std::numbers::pi;
-constexpr std::size_t kFewestGridValues = 16;
 constexpr std::size_t kMostGridValues = 1 << 16;
-constexpr std::size_t kPadding = 4;         // spectrum lines a period over the whole extent
-constexpr std::size_t kSlowCandidates = 8;  // lines: up to two periods
+constexpr std::size_t kPadding = 4;         // at least: spectrum lines a period over the extent
+constexpr std::size_t kEdgeCandidates = 8;  // lines from either end of the spectrum
 constexpr std::size_t kPeakCandidates = 3;
-constexpr double kRounding = 1e-9;  // share of a sum of squares
+constexpr double kRounding = 1e-9;     // share of a sum of squares
+constexpr double kEvenSpacing = 1e-6;  // share of the spacing
 
 struct Spectrum {
   std::vector<double> powers;  // of the lines 0, 1, ...
@@ -28,14 +28,30 @@ struct Spectrum {
 
 bool IsFinite(const ZorPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-// By x; points that share one keep their order.
-std::vector<ZorPoint> Sorted(std::span<const ZorPoint> points) {
-  std::vector<ZorPoint> sorted(points.begin(), points.end());
-  const auto is_left = [](const ZorPoint& a, const ZorPoint& b) { return a.x < b.x; };
-  if (!std::is_sorted(sorted.begin(), sorted.end(), is_left)) {
-    std::stable_sort(sorted.begin(), sorted.end(), is_left);
+bool IsLeft(const ZorPoint& a, const ZorPoint& b) { return a.x < b.x; }
+
+// Of different x.
+std::size_t DistinctCount(std::span<const ZorPoint> sorted) {
+  std::size_t count = 1;
+  for (std::size_t i = 1; i < sorted.size(); ++i) {
+    if (IsLeft(sorted[i - 1], sorted[i])) ++count;
   }
-  return sorted;
+  return count;
+}
+
+// Where all x lie on an even grid without gaps, sines whose frequencies differ by a turn a step
+// have the same values there: the one of the lowest frequency in magnitude.
+CurveParameters LowestAlias(std::span<const ZorPoint> sorted, const CurveParameters& sine) {
+  const double first = sorted.front().x;
+  const double gaps = static_cast<double>(DistinctCount(sorted) - 1);
+  const double step = (sorted.back().x - first) / gaps;
+  const auto is_on_grid = [&](const ZorPoint& p) {
+    const double steps = (p.x - first) / step;
+    return std::fabs(steps - std::round(steps)) < kEvenSpacing;
+  };
+  if (!std::all_of(sorted.begin(), sorted.end(), is_on_grid)) return sine;
+  const double frequency = std::remainder(sine[1], kTurn / step);
+  return {sine[0], frequency, sine[2] + (sine[1] - frequency) * first, sine[3]};
 }
 
 // y at evenly spaced x from the first to the last, on straight lines between the points.
@@ -55,13 +71,12 @@ std::vector<double> EvenValues(std::span<const ZorPoint> sorted, std::size_t cou
 }
 
 Spectrum SpectrumOf(std::span<const ZorPoint> sorted) {
-  const std::size_t count =
-      std::clamp(std::bit_ceil(sorted.size()), kFewestGridValues, kMostGridValues);
+  const std::size_t count = std::min(DistinctCount(sorted), kMostGridValues);
   std::vector<double> signal = EvenValues(sorted, count);
   double mean = 0.0;
   for (const double value : signal) mean += value / static_cast<double>(count);
   for (double& value : signal) value -= mean;
-  signal.resize(kPadding * count, 0.0);
+  signal.resize(std::bit_ceil(kPadding * count), 0.0);
   cv::Mat lines;
   cv::dft(cv::Mat(1, static_cast<int>(signal.size()), CV_64F, signal.data()), lines,
           cv::DFT_COMPLEX_OUTPUT);
@@ -87,7 +102,11 @@ std::vector<std::size_t> CandidateLines(const std::vector<double>& powers) {
                       return powers[a] > powers[b] || (powers[a] == powers[b] && a < b);
                     });
   peaks.resize(kept);
-  for (std::size_t k = 1; k <= kSlowCandidates; ++k) peaks.push_back(k);
+  const std::size_t last = powers.size() - 1;
+  for (std::size_t k = 1; k <= kEdgeCandidates && k < last; ++k) {
+    peaks.push_back(k);
+    peaks.push_back(last - k);
+  }
   std::sort(peaks.begin(), peaks.end());
   peaks.erase(std::unique(peaks.begin(), peaks.end()), peaks.end());
   return peaks;
@@ -148,20 +167,18 @@ CurveParameters ShiftedSine(const CurveParameters& sine, double origin) {
   return {sine[0], sine[1], sine[2] + sine[1] * origin, sine[3]};
 }
 
-std::optional<CurveParameters> SineStart(std::span<const ZorPoint> points) {
-  if (!std::all_of(points.begin(), points.end(), IsFinite)) return std::nullopt;
-  const std::vector<ZorPoint> sorted = Sorted(points);
+std::optional<CurveParameters> SineStart(std::span<const ZorPoint> sorted) {
   const double extent = sorted.back().x - sorted.front().x;
   const bool is_level = std::all_of(sorted.begin(), sorted.end(),
                                     [&](const ZorPoint& p) { return p.y == sorted.front().y; });
   if (!(extent > 0) || !std::isfinite(extent) || is_level) return std::nullopt;
   double mean = 0.0;
-  for (const ZorPoint& p : points) mean += p.y / static_cast<double>(points.size());
+  for (const ZorPoint& p : sorted) mean += p.y / static_cast<double>(sorted.size());
   const Spectrum spectrum = SpectrumOf(sorted);
   std::optional<LinearSine> best;
   for (const std::size_t line : CandidateLines(spectrum.powers)) {
     const double frequency = static_cast<double>(line) * spectrum.line_spacing;
-    const auto fitted = FitAtFrequency(points, mean, frequency);
+    const auto fitted = FitAtFrequency(sorted, mean, frequency);
     if (fitted && (!best || fitted->explained > best->explained)) best = fitted;
   }
   if (!best) return std::nullopt;
@@ -175,13 +192,18 @@ std::optional<CurveParameters> FitSine(std::span<const ZorPoint> points, int pas
   const double middle = left + (right - left) / 2;
   std::vector<ZorPoint> centred(points.begin(), points.end());
   for (ZorPoint& p : centred) p.x -= middle;
+  if (!std::all_of(centred.begin(), centred.end(), IsFinite)) return std::nullopt;
+  if (!std::is_sorted(centred.begin(), centred.end(), IsLeft)) {
+    std::stable_sort(centred.begin(), centred.end(), IsLeft);
+  }
   const std::optional<CurveParameters> start = SineStart(centred);
   if (!start) return std::nullopt;
   const auto refine = [&](std::span<const double> weights, const CurveParameters& from) {
     return RefineSine(centred, weights, from, {.max_iterations = max_iterations});
   };
-  const CurveParameters fitted = RefineInPasses(centred, *start, passes, clip, refine, SineAt);
-  const CurveParameters sine = NormalisedSine(ShiftedSine(fitted, -middle));
+  const CurveParameters refined = RefineInPasses(centred, *start, passes, clip, refine, SineAt);
+  const CurveParameters lowest = LowestAlias(centred, refined);
+  const CurveParameters sine = NormalisedSine(ShiftedSine(lowest, -middle));
   if (!std::all_of(sine.begin(), sine.end(), [](double p) { return std::isfinite(p); })) {
     return std::nullopt;
   }

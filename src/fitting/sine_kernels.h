@@ -22,17 +22,20 @@ inline constexpr std::size_t kMinSinePoints = 4;
 /// The curve with x measured from `origin` instead of from 0, or back for -origin.
 [[nodiscard]] CurveParameters ShiftedSine(const CurveParameters& sine, double origin);
 
-/// A sine near the points, where the solver can start: the candidates are the three highest peaks
-/// of the spectrum (of the points resampled evenly, less their mean) and the quarters of a period
-/// up to two, which a spectrum cannot tell apart; the one whose linear fit of sine, cosine and
-/// constant leaves the smallest sum of squares wins, the lowest frequency on a tie. Nothing when
-/// all x or all y are equal, or a coordinate or the extent in x is not finite. O(N log N).
-[[nodiscard]] std::optional<CurveParameters> SineStart(std::span<const ZorPoint> points);
+/// A sine near the points, where the solver can start, below the mean sampling limit of half a turn
+/// from one x to the next: the candidates are the three highest peaks of the spectrum (of the
+/// points resampled at as many even x as they have, less their mean) and the lines up to two
+/// periods over the extent from 0 and from the limit, which a spectrum cannot tell apart; the one
+/// whose linear fit of sine, cosine and constant leaves the smallest sum of squares wins, the
+/// lowest frequency on a tie. Nothing when all x or all y are equal or the extent in x is not
+/// finite. Precondition: finite points, ascending in x. O(N log N).
+[[nodiscard]] std::optional<CurveParameters> SineStart(std::span<const ZorPoint> sorted);
 
 /// The sine through the points, normalised, by the solver from SineStart on in `passes` re-weighted
 /// passes (curve_passes.h). x is measured from the middle meanwhile: far from the origin a change
-/// of the frequency would otherwise turn the phase. Nothing where there is no start or the result
-/// is not finite. Precondition: a point.
+/// of the frequency would otherwise turn the phase. Where the solver left the sampling limit of
+/// evenly spaced points, the sine below it with the same values there. Nothing where a coordinate
+/// is not finite, there is no start or the result is not finite. Precondition: a point.
 [[nodiscard]] std::optional<CurveParameters> FitSine(std::span<const ZorPoint> points, int passes,
                                                      double clip, int max_iterations);
 

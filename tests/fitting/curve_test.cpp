@@ -49,6 +49,19 @@ TEST(FitSinCurve, FindsKnownSines) {
   check({2, 0.5, std::numbers::pi, 1}, 0, 1, 50);  // the seam of the phase
 }
 
+TEST(FitSinCurve, StaysBelowTheSamplingLimitUpToIt) {
+  for (const int count : {16, 20, 64, 100, 3000}) {
+    for (double frequency = 0.3; frequency < std::numbers::pi * (1 - 1.2 / count);
+         frequency += 0.043) {
+      ZorPointArray points;
+      for (int i = 0; i < count; ++i) points.Append({i + 1.0, 2 * std::sin(frequency * i + 1)});
+      ZorVarArray found;
+      ASSERT_EQ(ZorGeometryMeasure().FitSinCurve(points, 0, &found), GM_OK);
+      EXPECT_NEAR(found[1].D(), frequency, kSolved) << count;
+    }
+  }
+}
+
 TEST(CurveGenerators, LeaveOutliersOutAndListTheCurve) {
   const CurveParameters peak = {30, 21.5, 40, 5}, wave = {6, 0.5, 1, 12};
   for (const bool is_peak : {true, false}) {
