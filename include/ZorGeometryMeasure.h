@@ -393,9 +393,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// angular frequency (>= 0, radians a unit of x), the phase (radians, in (-pi, pi]) and the
   /// offset of y = amplitude sin(frequency x + phase) + offset. The points need be neither sorted
   /// nor evenly spaced. The frequency is sought below half the mean sampling rate, half a turn from
-  /// one x to the next on the average; of the sines with the same values at evenly spaced points
-  /// the one below that limit is given. At most `maxIterations` steps (0: the solver's own limit,
-  /// 50). Traced.
+  /// one x to the next on the average (of 4 194 304 x at most); of the sines with the same values
+  /// at evenly spaced points the one below that limit is given. At most `maxIterations` steps (0:
+  /// the solver's own limit, 50). Traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
   /// @retval GM_E_PARAM_2  maxIterations < 0
   /// @retval GM_E_FIT_FAILED  all x or all y are equal, or a coordinate or a result is not finite

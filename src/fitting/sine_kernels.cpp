@@ -14,7 +14,7 @@ namespace zor::fitting {
 namespace {
 
 constexpr double kTurn = 2 * std::numbers::pi;
-constexpr std::size_t kMostGridValues = 1 << 16;
+constexpr std::size_t kMostGridValues = 1 << 22;  // 128 MiB of spectrum
 constexpr std::size_t kPadding = 4;         // at least: spectrum lines a period over the extent
 constexpr std::size_t kEdgeCandidates = 8;  // lines from either end of the spectrum
 constexpr std::size_t kPeakCandidates = 3;
@@ -77,16 +77,19 @@ Spectrum SpectrumOf(std::span<const ZorPoint> sorted) {
   for (const double value : signal) mean += value / static_cast<double>(count);
   for (double& value : signal) value -= mean;
   signal.resize(std::bit_ceil(kPadding * count), 0.0);
-  cv::Mat lines;
-  cv::dft(cv::Mat(1, static_cast<int>(signal.size()), CV_64F, signal.data()), lines,
-          cv::DFT_COMPLEX_OUTPUT);
+  const std::size_t size = signal.size();
+  cv::Mat packed(1, static_cast<int>(size), CV_64F, signal.data());
+  cv::dft(packed, packed);  // re 0, re 1, im 1, re 2, im 2, ..., re size / 2
   Spectrum spectrum;
-  for (int k = 0; k <= lines.cols / 2; ++k) {
-    const cv::Vec2d line = lines.at<cv::Vec2d>(0, k);
-    spectrum.powers.push_back(line[0] * line[0] + line[1] * line[1]);
+  spectrum.powers.reserve(size / 2 + 1);
+  spectrum.powers.push_back(signal[0] * signal[0]);
+  for (std::size_t k = 1; k < size / 2; ++k) {
+    spectrum.powers.push_back(signal[2 * k - 1] * signal[2 * k - 1] +
+                              signal[2 * k] * signal[2 * k]);
   }
+  spectrum.powers.push_back(signal[size - 1] * signal[size - 1]);
   const double step = (sorted.back().x - sorted.front().x) / static_cast<double>(count - 1);
-  spectrum.line_spacing = kTurn / (step * static_cast<double>(signal.size()));
+  spectrum.line_spacing = kTurn / (step * static_cast<double>(size));
   return spectrum;
 }
 

@@ -24,11 +24,11 @@ inline constexpr std::size_t kMinSinePoints = 4;
 
 /// A sine near the points, where the solver can start, below the mean sampling limit of half a turn
 /// from one x to the next: the candidates are the three highest peaks of the spectrum (of the
-/// points resampled at as many even x as they have, less their mean) and the lines up to two
-/// periods over the extent from 0 and from the limit, which a spectrum cannot tell apart; the one
-/// whose linear fit of sine, cosine and constant leaves the smallest sum of squares wins, the
-/// lowest frequency on a tie. Nothing when all x or all y are equal or the extent in x is not
-/// finite. Precondition: finite points, ascending in x. O(N log N).
+/// points resampled at as many even x as they have, 4 194 304 at most, less their mean) and the
+/// lines up to two periods over the extent from 0 and from the limit, which a spectrum cannot tell
+/// apart; the one whose linear fit of sine, cosine and constant leaves the smallest sum of squares
+/// wins, the lowest frequency on a tie. Nothing when all x or all y are equal or the extent in x is
+/// not finite. Precondition: finite points, ascending in x. O(N log N).
 [[nodiscard]] std::optional<CurveParameters> SineStart(std::span<const ZorPoint> sorted);
 
 /// The sine through the points, normalised, by the solver from SineStart on in `passes` re-weighted

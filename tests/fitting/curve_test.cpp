@@ -43,7 +43,8 @@ TEST(FitSinCurve, FindsKnownSines) {
   };
   check({4, 0.7, 1.1, 20}, 0, 1, 108);  // a dozen periods
   check({2, 2.8, -2, 0}, 0, 1, 64);     // near the sampling limit
-  check({3, 0.1, 0.2, -5}, 0, 1, 32);   // half a period
+  check({2, 2.8, -2, 0}, -50000, 1, 100000);
+  check({3, 0.1, 0.2, -5}, 0, 1, 32);  // half a period
   check({5, 0.9, -1, 100}, 4000, 0.5, 200);
   check({1, 0.4, 2.5, 3}, -300, 1, 600);
   check({2, 0.5, std::numbers::pi, 1}, 0, 1, 50);  // the seam of the phase
