@@ -368,14 +368,16 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   long GenPolynomialCurve(ZorPointArray& points, int order, int intSetting, double realSetting,
                           ZorVarArray* coefficients, ZorPointArray* curve);
 
-  /// Gaussian peak on a baseline, from the start and with the parameters of the FitGaussianCurve
-  /// that takes an iteration limit, re-weighted in max(intSetting, 1) passes with the clipping
+  /// Gaussian peak on a baseline, with the parameters of the FitGaussianCurve that takes an
+  /// iteration limit, but from a spread that suits the width of the peak, so that short profiles
+  /// of narrow peaks succeed too; re-weighted in max(intSetting, 1) passes with the clipping
   /// distance trunc(realSetting) (0 and what is not a number: one pass). Traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 4 points
   /// @retval GM_E_PARAM_2  intSetting outside 0 .. 99
   /// @retval GM_E_PARAM_3  realSetting < 0
   /// @retval GM_E_FIT_UNBOUNDED  a parameter is infinite or the largest finite double
-  /// @retval GM_E_FIT_FAILED  a parameter is not a number
+  /// @retval GM_E_FIT_FAILED  a parameter is not a number, or the spread is not above 0 (all x are
+  /// equal, or there is no peak)
   /// @retval GM_E_PARAM_1  a curve is wanted and would have more than 67 108 864 points
   long GenGaussianCurve(ZorPointArray& points, int intSetting, double realSetting,
                         ZorVarArray* coefficients, ZorPointArray* curve);

@@ -67,6 +67,8 @@ long ZorGeometryMeasure::GenGaussianCurve(ZorPointArray& points, int intSetting,
   const CurveParameters fitted =
       fitting::FitGaussian(points.View(), settings.passes, settings.clip);
   if (std::any_of(fitted.begin(), fitted.end(), fitting::IsBeyondRange)) return GM_E_FIT_UNBOUNDED;
+  const bool is_peak = fitted[2] > 0;
+  if (!is_peak) return GM_E_FIT_FAILED;
   const auto y_at = [&](double x) { return fitting::GaussianAt(fitted, x); };
   status = fitting::StoreCurve(points, fitted, y_at, coefficients, curve);
   return status == GM_OK ? trace.Done() : status;

@@ -91,6 +91,21 @@ TEST(CurveGenerators, LeaveOutliersOutAndListTheCurve) {
   }
 }
 
+TEST(GenGaussianCurve, FindsNarrowPeaksInShortProfiles) {
+  for (const int count : {7, 11}) {
+    for (const double deviation : {0.6, 0.8, 1.0, 1.5}) {
+      for (const double shift : {0.0, 0.3, 0.5}) {
+        const CurveParameters truth = {100, (count - 1) / 2 + shift, deviation * deviation, 20};
+        ZorPointArray points;
+        for (double x = 0; x < count; ++x) points.Append({x, zor::fitting::GaussianAt(truth, x)});
+        ZorVarArray found;
+        ASSERT_EQ(ZorGeometryMeasure().GenGaussianCurve(points, 1, 0, &found, nullptr), GM_OK);
+        ExpectParameters(found, truth);
+      }
+    }
+  }
+}
+
 TEST(FitCurve, KeepsItsDigitsFarFromTheOriginInEitherDirection) {
   ZorPointArray along, up;
   for (int i = 5; i < 16; ++i) {
@@ -123,6 +138,7 @@ TEST(CurveFits, CheckTheirArgumentsInOrder) {
   EXPECT_EQ(m.GenGaussianCurve(good, 100, -1, &v, &curve), GM_E_PARAM_2);
   EXPECT_EQ(m.GenGaussianCurve(infinite, 1, 1, &v, &curve), GM_E_FIT_UNBOUNDED);
   EXPECT_EQ(m.GenGaussianCurve(wide, 1, 1, &v, &curve), GM_E_PARAM_1);
+  EXPECT_EQ(m.GenGaussianCurve(stacked, 1, 1, &v, &curve), GM_E_FIT_FAILED);
   EXPECT_EQ(m.FitCurve(three, 3, &v), GM_E_TOO_FEW_POINTS);
   EXPECT_EQ(m.FitCurve(three, 0, &v), GM_E_PARAM_2);
   EXPECT_EQ(m.FitCurveInv(good, -1, &v), GM_E_PARAM_2);
