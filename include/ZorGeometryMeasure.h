@@ -463,8 +463,10 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// Unit normals of an open sequence of points, one a point: the direction of travel turned by a
   /// quarter turn from +x towards +y (to the right of it on the screen). Each is that of the
   /// parabola approximating the point and its `neighbours` nearest on either side, as far as there
-  /// are any; where these do not determine a parabola, that of DiscretePoint2DNormal. Replaces
-  /// `normals`. Traced.
+  /// are any; fewer (halved as often as needed) where these turn past half a circle. Where they do
+  /// not determine a parabola, or it points to the other side, that of DiscretePoint2DNormal.
+  /// Points so noisy that an eighth of the steps goes back on the one before are taken as many as
+  /// given, and their side from the ends of that window. Replaces `normals`. Traced.
   /// @retval GM_E_TOO_FEW_POINTS  fewer than 2 points
   /// @retval GM_E_PARAM_2  neighbours outside 1 .. 100
   /// @retval GM_E_PARAM_1  all points are equal

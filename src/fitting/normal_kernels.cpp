@@ -11,6 +11,10 @@ namespace {
 
 /// A share of the product of the diagonal: below it the three equations are singular.
 constexpr double kSingular = 1e-12;
+/// Windows above this size are looked at in halves too, in case they turn past a whole circle.
+constexpr std::size_t kLargestWhole = 32;
+/// From one reversed step in so many points on, the points are noise finer than it is large.
+constexpr std::size_t kNoiseShare = 8;
 
 ZorPoint RightNormal(const ZorPoint& direction) {
   const double length = std::hypot(direction.x, direction.y);
@@ -87,6 +91,53 @@ ZorPoint ParabolaNormal(std::span<const ZorPoint> window, const ZorPoint& p,
   return RightNormal({along.x + *slope * across.x, along.y + *slope * across.y});
 }
 
+// An arc turns past half a circle where the chords of its halves enclose an obtuse angle, which
+// scatter along the window hardly changes.
+bool TurnsPastHalf(std::span<const ZorPoint> window) {
+  const std::size_t middle = (window.size() - 1) / 2;
+  const ZorPoint& p = window[middle];
+  if (elementary::Dot(p - window.front(), window.back() - p) < 0) return true;
+  return window.size() > kLargestWhole &&
+         (TurnsPastHalf(window.first(middle + 1)) || TurnsPastHalf(window.subspan(middle)));
+}
+
+// For every point the steps up to it that go back on the one before.
+std::vector<std::size_t> ReversalsUpTo(std::span<const ZorPoint> points) {
+  std::vector<std::size_t> counts(points.size());
+  for (std::size_t i = 2; i < points.size(); ++i) {
+    const ZorPoint before = points[i - 1] - points[i - 2];
+    const bool is_back = elementary::Dot(points[i] - points[i - 1], before) < 0;
+    counts[i] = counts[i - 1] + (is_back ? 1 : 0);
+  }
+  return counts;
+}
+
+struct Window {
+  Window(std::size_t count, std::size_t i, std::size_t reach)
+      : begin(i > reach ? i - reach : 0), end(std::min(i + reach + 1, count)) {}
+  [[nodiscard]] std::span<const ZorPoint> Of(std::span<const ZorPoint> points) const {
+    return points.subspan(begin, end - begin);
+  }
+  std::size_t begin;
+  std::size_t end;
+};
+
+ZorPoint NormalWithin(std::span<const ZorPoint> points, std::size_t i, std::size_t reach,
+                      std::span<const std::size_t> reversals, const ZorPoint& chord_normal) {
+  Window window(points.size(), i, reach);
+  const std::size_t reversed = reversals[window.end - 1] - reversals[window.begin];
+  // Where noise turns the steps about, the chord between the direct neighbours tells no side.
+  if (kNoiseShare * reversed >= window.end - window.begin) {
+    return ParabolaNormal(window.Of(points), points[i], chord_normal);
+  }
+  while (reach > 1 && TurnsPastHalf(window.Of(points))) {
+    reach /= 2;
+    window = Window(points.size(), i, reach);
+  }
+  const ZorPoint normal = ParabolaNormal(window.Of(points), points[i], chord_normal);
+  return elementary::Dot(normal, chord_normal) < 0 ? chord_normal : normal;
+}
+
 }  // namespace
 
 std::optional<std::vector<ZorPoint>> ChordNormals(std::span<const ZorPoint> points) {
@@ -106,10 +157,9 @@ std::optional<std::vector<ZorPoint>> ParabolaNormals(std::span<const ZorPoint> p
   std::optional<std::vector<ZorPoint>> normals = ChordNormals(points);
   if (!normals) return std::nullopt;
   const std::size_t reach = static_cast<std::size_t>(neighbours);
+  const std::vector<std::size_t> reversals = ReversalsUpTo(points);
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const std::size_t begin = i > reach ? i - reach : 0;
-    const std::size_t end = std::min(i + reach + 1, points.size());
-    (*normals)[i] = ParabolaNormal(points.subspan(begin, end - begin), points[i], (*normals)[i]);
+    (*normals)[i] = NormalWithin(points, i, reach, reversals, (*normals)[i]);
   }
   return normals;
 }

@@ -26,8 +26,11 @@ inline constexpr int kMaxNormalNeighbours = 100;
 
 /// The normal of every point to the parabola that approximates it and its neighbours, as many on
 /// either side as given and as there are: v = a + b u + c u^2 by least squares, u along the chord
-/// of the window and measured from the point, so that b is the slope there. The chord normal where
-/// three points with different u are not to be had. Nothing when all points coincide.
+/// of the window and measured from the point, so that b is the slope there. While the window turns
+/// past half a circle, where v is no function of u, the number of neighbours is halved. The chord
+/// normal where three points with different u are not to be had, or the parabola runs against the
+/// chord. Where one step in eight or more goes back on the one before, the points are noise about a
+/// curve, on which neither can be told: the whole window counts. Nothing when all points coincide.
 /// Precondition: 1 <= neighbours <= kMaxNormalNeighbours. O(n neighbours).
 [[nodiscard]] std::optional<std::vector<ZorPoint>> ParabolaNormals(std::span<const ZorPoint> points,
                                                                    int neighbours);

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <numbers>
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,8 @@
 using zor::test::ExpectNear;
 
 namespace {
+
+constexpr double kTurn = 2 * std::numbers::pi;
 
 // With 0 neighbours the discrete form.
 ZorPointArray Normals(ZorPointArray points, int neighbours) {
@@ -35,6 +38,34 @@ TEST(PointNormals, OfAnArcPointToItsCentreWhicheverWayItLies) {
       ExpectNear(fitted[i], inwards, i < 3 || i > 37 ? 5e-3 : 1e-5);  // one-sided at the ends
       ExpectNear(chords[i], inwards, i % 40 == 0 ? 0.026 : 1e-12);
     }
+  }
+}
+
+TEST(PointNormals, KeepTheSideOfTravelWhereTheWindowTurnsFarAndInNoise) {
+  const auto expect_side = [](const ZorPointArray& points, int neighbours, const auto& travel) {
+    const ZorPointArray normals = Normals(points, neighbours);
+    for (int i = 0; i < points.Length(); ++i) {
+      const ZorPoint ahead = travel(i);
+      EXPECT_GT(ahead.x * normals[i].y - ahead.y * normals[i].x, 0) << neighbours << ' ' << i;
+    }
+  };
+  ZorPointArray circle, circles, wave, rough;
+  for (int i = 0; i < 400; ++i) {
+    for (ZorPointArray* turns : {&circle, &circles}) {
+      if (i >= (turns == &circle ? 24 : 120)) continue;
+      turns->Append({std::cos(i * kTurn / 24), std::sin(i * kTurn / 24)});
+    }
+    wave.Append({i * 0.15, 20 * std::sin(i * 0.05)});
+    rough.Append({i * 0.1 + (i % 3 - 1) * 0.5, i % 7 * 0.1});
+  }
+  for (const int neighbours : {20, 40, 100}) {
+    const auto along_circle = [](int i) {
+      return ZorPoint(-std::sin(i * kTurn / 24), std::cos(i * kTurn / 24));
+    };
+    expect_side(circles, neighbours, along_circle);
+    expect_side(circle, neighbours, along_circle);
+    expect_side(wave, neighbours, [](int i) { return ZorPoint(3, 20 * std::cos(i * 0.05)); });
+    expect_side(rough, neighbours, [](int) { return ZorPoint(1, 0); });
   }
 }
 
