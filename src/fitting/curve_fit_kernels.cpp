@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include <opencv2/core.hpp>
 
@@ -42,7 +43,7 @@ Window WindowOf(std::span<const ZorPoint> points, CurveAxis axis) {
   return {low + (high - low) / 2, (high - low) / 2};
 }
 
-/// The sums of t^m and of v t^j, in the scaled coordinate t.
+/// The sums of T_m(t) and of v T_j(t), T_m the Chebyshev polynomials, in the scaled coordinate t.
 struct Moments {
   std::array<double, 2 * kMostCoefficients - 1> of_t{};
   std::array<double, kMostCoefficients> of_v{};
@@ -54,30 +55,61 @@ Moments Gather(std::span<const ZorPoint> points, CurveAxis axis, const Window& w
   for (const ZorPoint& p : points) {
     const double t = (Along(p, axis) - window.middle) / window.half_width;
     const double v = Across(p, axis);
-    double power = 1.0;
-    for (std::size_t j = 0; j < size; ++j, power *= t) {
-      sums.of_t[j] += power;
-      sums.of_v[j] += v * power;
+    double value = 1.0;
+    double next = t;
+    const auto advance = [&] { value = std::exchange(next, 2 * t * next - value); };
+    for (std::size_t j = 0; j < size; ++j, advance()) {
+      sums.of_t[j] += value;
+      sums.of_v[j] += v * value;
     }
-    for (std::size_t m = size; m + 1 < 2 * size; ++m, power *= t) sums.of_t[m] += power;
+    for (std::size_t m = size; m + 1 < 2 * size; ++m, advance()) sums.of_t[m] += value;
   }
   return sums;
 }
 
-// Means rather than sums, so that the solver's bound on pivots does not depend on the count.
+// Coefficients of T_0, T_1, ...: unlike those of the powers of t their equations stay regular in
+// double precision up to the highest order, even on as few evenly spaced points as it takes.
+// T_j T_k = (T_(j+k) + T_|j-k|) / 2. Means rather than sums, so that the solver's bound on pivots
+// does not depend on the count.
 bool Solve(const Moments& sums, std::size_t size, std::array<double, kMostCoefficients>& c) {
   const int rows = static_cast<int>(size);
   std::array<double, kMostCoefficients * kMostCoefficients> equations;
   std::array<double, kMostCoefficients> side;
   for (std::size_t j = 0; j < size; ++j) {
     for (std::size_t k = 0; k < size; ++k) {
-      equations[j * size + k] = sums.of_t[j + k] / sums.of_t[0];
+      const double twice = sums.of_t[j + k] + sums.of_t[j > k ? j - k : k - j];
+      equations[j * size + k] = twice / (2 * sums.of_t[0]);
     }
     side[j] = sums.of_v[j] / sums.of_t[0];
   }
   cv::Mat solution(rows, 1, CV_64F, c.data());
   return cv::solve(cv::Mat(rows, rows, CV_64F, equations.data()),
                    cv::Mat(rows, 1, CV_64F, side.data()), solution, cv::DECOMP_LU);
+}
+
+using PowerTable = std::array<std::array<double, kMostCoefficients>, kMostCoefficients>;
+
+// Row m: T_m in ascending powers, T_m = 2 t T_(m-1) - T_(m-2); whole numbers below 2^53.
+constexpr PowerTable ChebyshevPowers() {
+  PowerTable table{};
+  table[0][0] = 1.0;
+  table[1][1] = 1.0;
+  for (std::size_t m = 2; m < kMostCoefficients; ++m) {
+    for (std::size_t j = 0; j <= m; ++j) {
+      table[m][j] = (j > 0 ? 2 * table[m - 1][j - 1] : 0.0) - table[m - 2][j];
+    }
+  }
+  return table;
+}
+
+// From the coefficients of T_0, T_1, ... to those of the powers of t, ascending.
+void ExpandToPowers(std::size_t size, std::array<double, kMostCoefficients>& c) {
+  static constexpr PowerTable kPowers = ChebyshevPowers();
+  for (std::size_t j = 0; j < size; ++j) {  // T_m has powers up to m only
+    double sum = 0.0;
+    for (std::size_t m = j; m < size; m += 2) sum += c[m] * kPowers[m][j];
+    c[j] = sum;
+  }
 }
 
 // From ascending coefficients in t = (x - middle) / half_width to those in x, by Horner's scheme.
@@ -98,6 +130,7 @@ std::optional<std::vector<double>> FitCurvePolynomial(std::span<const ZorPoint> 
   const Window window = WindowOf(points, axis);
   std::array<double, kMostCoefficients> c{};
   if (!Solve(Gather(points, axis, window, size), size, c)) return std::nullopt;
+  ExpandToPowers(size, c);
   Unscale(window, size, c);
   const auto end = c.begin() + static_cast<std::ptrdiff_t>(size);
   if (!std::all_of(c.begin(), end, [](double value) { return std::isfinite(value); })) {

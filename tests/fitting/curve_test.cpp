@@ -121,6 +121,23 @@ TEST(FitCurve, KeepsItsDigitsFarFromTheOriginInEitherDirection) {
   }
 }
 
+TEST(FitCurve, ResolvesItsHighestOrderOnAsFewPointsAsItTakes) {
+  for (const int count : {21, 25, 30, 1000}) {
+    ZorPointArray points;
+    for (int i = 0; i < count; ++i) {
+      const double x = -1 + 2.0 * i / (count - 1);
+      points.Append({x, std::cos(3 * x + 1)});
+    }
+    ZorVarArray c;
+    ASSERT_EQ(ZorGeometryMeasure().FitCurve(points, 20, &c), GM_OK) << count;
+    for (const ZorPoint& p : points) {
+      double y = 0.0;
+      for (const ZorVar& power : c) y = y * p.x + power.D();
+      EXPECT_NEAR(y, p.y, 1e-6) << count << ' ' << p.x;
+    }
+  }
+}
+
 TEST(CurveFits, CheckTheirArgumentsInOrder) {
   ZorPointArray three = {{0, 1}, {1, 2}, {2, 1}}, good = {{0, 1}, {1, 3}, {2, 2}, {3, 0}},
                 wide = {{0, 1}, {1, 3}, {2, 2}, {1e300, 0}}, curve = {{7, 7}},
