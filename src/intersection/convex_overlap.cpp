@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <limits>
 #include <utility>
 
 #include "elementary/point_kernels.h"
@@ -21,10 +23,18 @@ void SetSlopes(std::span<ChainNode> nodes) {
 /// Follows one chain upwards in y.
 class Cursor {
  public:
-  Cursor(Chain chain, double y) : node_(chain.data()) {
-    const auto above = std::upper_bound(chain.begin() + 1, chain.end() - 1, y,
-                                        [](double v, const ChainNode& n) { return v < n.y; });
-    node_ = &*above - 1;
+  Cursor(Chain chain, double y) : node_(chain.data()), last_(&chain.back()) { MoveTo(y); }
+
+  /// Ahead to the edge at that height; the values below it are then those of its line.
+  void MoveTo(double y) {
+    const ChainNode* const above =
+        std::upper_bound(node_ + 1, last_, y, [](double v, const ChainNode& n) { return v < n.y; });
+    node_ = above - 1;
+  }
+  /// Whether many vertices lie between here and that height.
+  [[nodiscard]] bool IsFarBelow(double y) const {
+    constexpr std::ptrdiff_t kMany = 16;
+    return last_ - node_ > kMany && node_[kMany].y < y;
   }
   [[nodiscard]] double NextY() const { return node_[1].y; }
   [[nodiscard]] double At(double y) const { return node_->x + (y - node_->y) * node_->slope; }
@@ -34,6 +44,50 @@ class Cursor {
 
  private:
   const ChainNode* node_;
+  const ChainNode* last_;
+};
+
+/// The sides of two polygons that face the same way, followed upwards together.
+class Siblings {
+ public:
+  /// `outward` is -1 for left sides, 1 for right ones.
+  Siblings(Chain first, Chain second, double y, double outward)
+      : first_(first, y), second_(second, y), outward_(outward) {}
+
+  [[nodiscard]] const Cursor& First() const { return first_; }
+  [[nodiscard]] const Cursor& Second() const { return second_; }
+  [[nodiscard]] double NextY() const { return std::min(first_.NextY(), second_.NextY()); }
+  void Pass(double y) {
+    first_.Pass(y);
+    second_.Pass(y);
+  }
+
+  /// Passes over vertices of the outer side beside a long edge of the inner one. Sides bend
+  /// inwards only: outside of that edge at both its ends, one is outside all the way, and so are
+  /// the lines that its edges lie on. Whether there were any.
+  bool SkipHidden(double y, double high) {
+    if (y < looked_up_to_) return false;
+    const bool is_first_outer = outward_ * (first_.At(y) - second_.At(y)) > 0;
+    Cursor& outer = is_first_outer ? first_ : second_;
+    const Cursor& inner = is_first_outer ? second_ : first_;
+    double target = std::min(inner.NextY(), high);
+    looked_up_to_ = target;
+    for (; outer.IsFarBelow(target); target = y + (target - y) / 2) {
+      Cursor there = outer;
+      there.MoveTo(target);
+      if (outward_ * (there.AtUpTo(target) - inner.AtUpTo(target)) < 0) continue;
+      outer = there;
+      looked_up_to_ = target;
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  Cursor first_;
+  Cursor second_;
+  double outward_;
+  double looked_up_to_ = -std::numeric_limits<double>::infinity();
 };
 
 /// Integral over a unit step of a linear function's positive part.
@@ -73,6 +127,34 @@ double CommonChords(const ChordEnds& start, const ChordEnds& end) {
   return first * PositivePart(start.Width(), at_first) +
          (second - first) * PositivePart(at_first, at_second) +
          (1 - second) * PositivePart(at_second, end.Width());
+}
+
+/// The common area between two heights.
+template <bool kSkipsHidden>
+double Sweep(const ConvexSides& p, const ConvexSides& q, double y, double high) {
+  Siblings left(p.left, q.left, y, -1.0);
+  Siblings right(p.right, q.right, y, 1.0);
+  const auto ends_at = [&] {
+    return ChordEnds{left.First().At(y), left.Second().At(y), right.First().At(y),
+                     right.Second().At(y)};
+  };
+  ChordEnds start = ends_at();
+  double area = 0.0;
+  while (true) {
+    if constexpr (kSkipsHidden) {
+      const bool has_skipped = left.SkipHidden(y, high);
+      if (right.SkipHidden(y, high) || has_skipped) start = ends_at();
+    }
+    const double next = std::min({high, left.NextY(), right.NextY()});
+    const ChordEnds end{left.First().AtUpTo(next), left.Second().AtUpTo(next),
+                        right.First().AtUpTo(next), right.Second().AtUpTo(next)};
+    area += (next - y) * CommonChords(start, end);
+    if (next >= high) return area;
+    left.Pass(next);
+    right.Pass(next);
+    y = next;
+    start = end;
+  }
 }
 
 }  // namespace
@@ -149,23 +231,13 @@ void ConvexPieces::Add(std::span<const ZorPoint> vertices, std::size_t low, std:
 double OverlapArea(const ConvexSides& p, const ConvexSides& q) {
   if (p.IsFlat() || q.IsFlat()) return 0.0;
   const double high = std::min(p.High(), q.High());
-  double y = std::max(p.Low(), q.Low());
-  if (!(y < high)) return 0.0;
-  Cursor l1(p.left, y), l2(q.left, y), r1(p.right, y), r2(q.right, y);
-  ChordEnds start{l1.At(y), l2.At(y), r1.At(y), r2.At(y)};
-  double area = 0.0;
-  while (true) {
-    const double next = std::min({high, l1.NextY(), l2.NextY(), r1.NextY(), r2.NextY()});
-    const ChordEnds end{l1.AtUpTo(next), l2.AtUpTo(next), r1.AtUpTo(next), r2.AtUpTo(next)};
-    area += (next - y) * CommonChords(start, end);
-    if (next >= high) return area;
-    l1.Pass(next);
-    l2.Pass(next);
-    r1.Pass(next);
-    r2.Pass(next);
-    y = next;
-    start = end;
-  }
+  const double low = std::max(p.Low(), q.Low());
+  if (!(low < high)) return 0.0;
+  constexpr std::size_t kLonger = 16;  // than the other polygon's, sides are worth the looks ahead
+  const std::size_t p_count = p.left.size() + p.right.size();
+  const std::size_t q_count = q.left.size() + q.right.size();
+  const bool is_uneven = std::max(p_count, q_count) > kLonger * std::min(p_count, q_count);
+  return is_uneven ? Sweep<true>(p, q, low, high) : Sweep<false>(p, q, low, high);
 }
 
 OutlineTraits TraitsOf(std::span<const ZorPoint> polygon) {
