@@ -246,13 +246,12 @@ OutlineTraits TraitsOf(std::span<const ZorPoint> polygon) {
   if (count < 3) return traits;
   bool turns_left = false;
   bool turns_right = false;
-  int reversals = 0;  // of the direction in y: two for a polygon that goes around once
   ZorPoint before = polygon[0] - polygon[count - 1];
   int heading = 0;
   int first_heading = 0;
   std::size_t first = 0;
   const auto reverse = [&](std::size_t i, int now) {
-    ++reversals;
+    ++traits.reversals;
     (now > 0 ? traits.low : traits.high) = i;
   };
   for (std::size_t i = 0; i < count; ++i) {
@@ -276,7 +275,7 @@ OutlineTraits TraitsOf(std::span<const ZorPoint> polygon) {
     before = edge;
   }
   if (heading != first_heading) reverse(first, first_heading);
-  traits.is_convex = !(turns_left && turns_right) && reversals <= 2;
+  traits.is_convex = !(turns_left && turns_right) && traits.reversals <= 2;
   return traits;
 }
 

@@ -65,6 +65,7 @@ class ConvexPieces {
 /// What one look at the vertices of a polygon tells.
 struct OutlineTraits {
   bool is_convex = false;    // it turns one way only, within rounding, and around once
+  int reversals = 0;         // of its direction in y: two where it goes around once
   bool has_repeats = false;  // a vertex equals the next one
   std::size_t low = 0;       // of a convex one: a vertex of the least y, and one of the greatest
   std::size_t high = 0;

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <numeric>
+#include <utility>
 
 #include "elementary/area_kernels.h"
 #include "elementary/point_kernels.h"
+#include "intersection/convex_overlap.h"
 
 namespace zor::intersection {
 namespace {
@@ -170,10 +172,12 @@ class PieceRings {
 };
 
 class EarCutter {
+  static constexpr std::size_t kMostVisits = 256;  // for every vertex
+
  public:
   explicit EarCutter(std::span<const ZorPoint> polygon)
       : vertices_(polygon),
-        sign_(elementary::SignedArea(polygon) < 0 ? -1.0 : 1.0),
+        sign_(elementary::LocalSignedArea(polygon) < 0 ? -1.0 : 1.0),
         before_(polygon.size()),
         after_(polygon.size()),
         is_reflex_(polygon.size()),
@@ -204,9 +208,16 @@ class EarCutter {
       waiting = Remaining();
     }
     CutPolygon cut;
-    cut.core.reserve(left_);
-    for (const std::size_t i : Remaining()) cut.core.push_back(vertices_[i]);
     cut.pieces = rings_.Rings();
+    cut.weights.assign(cut.pieces.size(), 1.0);
+    std::vector<ZorPoint> rest;
+    rest.reserve(left_);
+    for (const std::size_t i : Remaining()) rest.push_back(vertices_[i]);
+    if (IsCore(rest)) {
+      cut.core = std::move(rest);
+    } else {
+      AddFan(rest, cut);
+    }
     return cut;
   }
 
@@ -214,7 +225,25 @@ class EarCutter {
   [[nodiscard]] double Turn(std::size_t i) const {
     return sign_ * TriangleCross(vertices_[before_[i]], vertices_[i], vertices_[after_[i]]);
   }
-  [[nodiscard]] bool IsDone() const { return reflex_left_ == 0 || left_ <= 3; }
+  [[nodiscard]] bool IsDone() const {
+    return reflex_left_ == 0 || left_ <= 3 || visits_ > kMostVisits * vertices_.size();
+  }
+
+  /// Convex within rounding, and not turned over.
+  [[nodiscard]] bool IsCore(std::span<const ZorPoint> rest) const {
+    if (rest.size() < 3) return true;
+    return reflex_left_ == 0 && TraitsOf(rest).reversals <= 2 &&
+           sign_ * elementary::LocalSignedArea(rest) >= 0;
+  }
+
+  void AddFan(std::span<const ZorPoint> rest, CutPolygon& cut) const {
+    for (std::size_t i = 2; i < rest.size(); ++i) {
+      const double turn = sign_ * TriangleCross(rest[0], rest[i - 1], rest[i]);
+      if (turn == 0) continue;
+      cut.pieces.push_back({rest[0], rest[i - 1], rest[i]});
+      cut.weights.push_back(turn > 0 ? 1.0 : -1.0);
+    }
+  }
 
   /// Cuts what can be cut among the waiting vertices and those that a cut frees; whether any was.
   bool Sweep(std::vector<std::size_t>& waiting, int effort) {
@@ -266,13 +295,14 @@ class EarCutter {
   }
 
   /// No reflex vertex lies in the triangle at i or on its outline, its corners aside.
-  [[nodiscard]] bool IsEmpty(std::size_t i) const {
+  [[nodiscard]] bool IsEmpty(std::size_t i) {
     const ZorPoint& a = vertices_[before_[i]];
     const ZorPoint& p = vertices_[i];
     const ZorPoint& b = vertices_[after_[i]];
     const ZorPoint low(std::min({a.x, p.x, b.x}), std::min({a.y, p.y, b.y}));
     const ZorPoint high(std::max({a.x, p.x, b.x}), std::max({a.y, p.y, b.y}));
     return !grid_[0].AnyIn(low, high, [&](const GridEntry& entry) {
+      ++visits_;
       const ZorPoint& v = entry.point;
       if (v.x < low.x || v.x > high.x || v.y < low.y || v.y > high.y) return false;
       if (!is_reflex_[entry.vertex] || before_[entry.vertex] == kNone) return false;
@@ -300,6 +330,7 @@ class EarCutter {
   std::size_t left_;
   std::size_t reflex_left_ = 0;
   std::vector<VertexGrid> grid_;  // of the reflex vertices, if there are any
+  std::size_t visits_ = 0;        // of its entries
   PieceRings rings_;
 };
 

@@ -7,11 +7,13 @@
 
 namespace zor::intersection {
 
-/// A simple polygon as a convex core and convex pieces beside it; their areas do not overlap.
+/// A simple polygon as a convex core and convex pieces. The areas of the pieces count with their
+/// weights, 1 or -1: a point counts for 1 inside of the polygon and for 0 outside.
 struct CutPolygon {
   std::vector<ZorPoint>
       core;  // in the polygon's direction; fewer than 3 vertices when none is left
   std::vector<std::vector<ZorPoint>> pieces;  // ears, joined where they make one convex piece
+  std::vector<double> weights;
 };
 
 /// Precondition: no vertex equals the one after it.
@@ -22,8 +24,12 @@ struct CutPolygon {
 /// can lie in such a triangle; a grid finds those near it, so that the usual cost is about linear.
 /// An ear joins the pieces across its two sides where the union stays convex (after S. Hertel and
 /// K. Mehlhorn, Fast triangulation of simple polygons, 1983): fewer pieces meet fewer others. Where
-/// a polygon that crosses itself leaves no ear, the next vertex that turns the right way is cut all
-/// the same.
+/// no ear is left, the next vertex that turns the right way is cut all the same.
+///
+/// A cut takes the weight of its triangle from the polygon, whether that was an ear or not:
+/// rounding cuts some on which another vertex lies, and leaves a rest that is not convex or turns
+/// the other way. Such a rest, and what would take more than about linear work, becomes a fan of
+/// triangles with the weights of their directions, none of it a core.
 [[nodiscard]] CutPolygon CutEars(std::span<const ZorPoint> polygon);
 
 }  // namespace zor::intersection

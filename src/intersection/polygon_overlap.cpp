@@ -73,7 +73,7 @@ class ConvexPolygonIntersectionArrayTbb {
     for (std::size_t i = range.begin(); i != range.end(); ++i) {
       if (*witness_) (*witness_)(parts_->cut.pieces[i], other_->core_outline);
       if (!parts_->boxes[i].Meets(*box_)) continue;
-      sum_.Add(OverlapArea(parts_->pieces.Sides(i), core));
+      sum_.Add(parts_->cut.weights[i] * OverlapArea(parts_->pieces.Sides(i), core));
     }
   }
   void join(const ConvexPolygonIntersectionArrayTbb& body) { sum_.Add(body.sum_); }
@@ -103,7 +103,8 @@ class ConvexPolygonIntersectionTbb {
         for (const auto& piece : other_->cut.pieces) (*witness_)(parts_->cut.pieces[i], piece);
       }
       tree_->VisitMeeting(parts_->boxes[i], [&](std::size_t k) {
-        sum_.Add(OverlapArea(sides, other_->pieces.Sides(k)));
+        sum_.Add(parts_->cut.weights[i] * other_->cut.weights[k] *
+                 OverlapArea(sides, other_->pieces.Sides(k)));
       });
     }
   }

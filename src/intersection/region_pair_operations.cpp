@@ -17,8 +17,8 @@ namespace {
 
 inline constexpr int kRectangleSamples = 10000;  // at least
 inline constexpr int kPolygonSamples = 1000;     // at least
-// Beyond a reach of a million pixels more samples would cost memory and no longer show.
-inline constexpr double kMostSamples = 1e7;
+// Beyond a reach of a hundred thousand pixels more samples would cost memory and no longer show.
+inline constexpr double kMostSamples = 1e6;
 
 int SampleCount(double reach, int at_least) {
   const double wanted = std::min(10 * reach, kMostSamples);

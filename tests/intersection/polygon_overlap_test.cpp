@@ -156,6 +156,22 @@ TEST(PolygonOverlap, CountsCoincidentEdgesOnce) {
   EXPECT_EQ(PolygonOverlapArea(hair, big), 100);
 }
 
+TEST(PolygonOverlap, SurvivesVerticesInLineOnlyByRounding) {
+  const Polygon p{{0, 0}, {1, 0}, {2, 1}, {5, 0}, {5, 1}, {3, 1}, {4, 5}},
+      square{{-9, -9}, {9, -9}, {9, 9}, {-9, 9}};
+  for (int i = 0; i < 3600; ++i) {
+    const double c = std::cos(i * 0.001745), s = std::sin(i * 0.001745);
+    Polygon turned;
+    for (const ZorPoint& v : p) turned.emplace_back(c * v.x - s * v.y, s * v.x + c * v.y);
+    ASSERT_NEAR(PolygonOverlapArea(turned, square), 7, 1e-9) << "turn " << i;
+  }
+  const Polygon spiked{{0, 0}, {4, 0}, {4, 4}, {0, 4}, {0, 0}, {2, 2}};  // of no width
+  EXPECT_EQ(PolygonOverlapArea(spiked, square), 16);
+  const double x = 10000002.9608, y = -2999999.0128, w = 0.01;  // far from the origin
+  const Polygon far{{x, y}, {x + w, y}, {x + w, y + w}, {x + w / 2, y + w / 2}, {x, y + w}};
+  EXPECT_NEAR(PolygonOverlapArea(far, far), 0.75 * w * w, 1e-9);
+}
+
 TEST(PolygonOverlap, DoesNotDependOnThreads) {
   std::mt19937_64 rng(20240607);
   const Polygon p = Star(rng, 900, 0.3, {60, 60}), q = Star(rng, 800, 0.3, {75, 66});
