@@ -27,13 +27,16 @@ thread_local bool is_out_of_memory = false;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Out of line: a compiler that inlines one of them alone takes the pair for mismatched.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   void* memory = is_out_of_memory ? nullptr : std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 TEST(Checks, BoundsAreInclusiveAsDocumentedAndLetNaNPass) {
   using namespace zor::frame;  // NOLINT: the predicates under test
