@@ -21,8 +21,8 @@ inline constexpr double kInscribedTolerance = 1e-7;
 /// keeps only the edges that can be nearest to a point of it, and is bounded by the highest point
 /// under the planes that these edges' distances are, or lie below, over the square. That bound is
 /// exact for the three edges about a maximum and for the two along a level ridge, so that few
-/// squares are split. Some milliseconds for thousands of vertices; combs and bands with as many ridges take
-/// ten times as long.
+/// squares are split. Some milliseconds for thousands of vertices; combs and bands with as many
+/// ridges take ten times as long.
 [[nodiscard]] std::optional<Circle> LargestInscribedCircle(std::span<const ZorPoint> polygon);
 
 /// The circle that touches the three sides of a triangle. Precondition: the corners are not on a
