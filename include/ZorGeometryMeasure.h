@@ -1009,9 +1009,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   // operations above, less those within 1.0 of an earlier one. Areas are those of the curved figure
   // as a polygon of samples (SampleArc, in single precision), which falls short of a circle by
   // about 2 pi^2 / (3 n^2) of it for n samples, and of an oval with b = k a by (3 / k^2 + 2 + 3
-  // k^2) / 8 times as much, since its samples are even in direction; n is limited to a million.
-  // Polygons are simple, in either direction; one that crosses itself gives some area. Traced,
-  // around nested records.
+  // k^2) / 8 times as much, since its samples are even in direction; n is limited to ten million,
+  // of ovals to one. Polygons are simple, in either direction; one that crosses itself gives some
+  // area. Traced, around nested records.
 
   /// A circle and a rectangle. The rectangle's angle turns the other way than in every other
   /// operation (clockwise on the screen), one of 180 or more counts less 180. At least 10 000

@@ -17,11 +17,13 @@ namespace {
 
 inline constexpr int kRectangleSamples = 10000;  // at least
 inline constexpr int kPolygonSamples = 1000;     // at least
-// Beyond a reach of a hundred thousand pixels more samples would cost memory and no longer show.
-inline constexpr double kMostSamples = 1e6;
+// Beyond a reach of a million pixels more samples would cost memory and no longer show; those of
+// long thin ovals, rounded, lie in line only nearly and are cut up at length.
+inline constexpr double kMostCircleSamples = 1e7;
+inline constexpr double kMostOvalSamples = 1e6;
 
-int SampleCount(double reach, int at_least) {
-  const double wanted = std::min(10 * reach, kMostSamples);
+int SampleCount(double reach, int at_least, double at_most) {
+  const double wanted = std::min(10 * reach, at_most);
   return wanted > at_least ? static_cast<int>(wanted) : at_least;  // also for what is no number
 }
 
@@ -90,8 +92,8 @@ long ZorGeometryMeasure::CircleRectangularIntersection(ZorPoint& c, double r, Zo
     points->Swap(found);
   }
   if (area != nullptr) {
-    const long status =
-        SampledOverlap(*this, p, r, r, 0.0, SampleCount(r, kRectangleSamples), corners, area);
+    const long status = SampledOverlap(
+        *this, p, r, r, 0.0, SampleCount(r, kRectangleSamples, kMostCircleSamples), corners, area);
     if (status != GM_OK) return status;
   }
   return trace.Done();
@@ -124,7 +126,7 @@ long ZorGeometryMeasure::OvalRectangularIntersection(ZorPoint& ovalCentre, doubl
     points->Swap(found);
   }
   if (area != nullptr) {
-    const int count = SampleCount(std::max(a, b), kRectangleSamples);
+    const int count = SampleCount(std::max(a, b), kRectangleSamples, kMostOvalSamples);
     const long status = SampledOverlap(*this, oval_centre, a, b, ovalAngle, count, corners, area);
     if (status != GM_OK) return status;
   }
@@ -144,8 +146,8 @@ long ZorGeometryMeasure::PolygonCircleIntersection(ZorPointArray& polygon, ZorPo
         }).View());
   }
   if (area != nullptr) {
-    const long status =
-        SampledOverlap(*this, c, r, r, 0.0, SampleCount(r, kPolygonSamples), polygon, area);
+    const long status = SampledOverlap(
+        *this, c, r, r, 0.0, SampleCount(r, kPolygonSamples, kMostCircleSamples), polygon, area);
     if (status != GM_OK) return status;
   }
   if (points != nullptr) points->Swap(found);
@@ -168,7 +170,7 @@ long ZorGeometryMeasure::PolygonOvalIntersection(ZorPointArray& polygon, ZorPoin
         }).View());
   }
   if (area != nullptr) {
-    const int count = SampleCount(std::max(a, b), kPolygonSamples);
+    const int count = SampleCount(std::max(a, b), kPolygonSamples, kMostOvalSamples);
     const long status = SampledOverlap(*this, centre, a, b, angle, count, polygon, area);
     if (status != GM_OK) return status;
   }
