@@ -261,6 +261,8 @@ OutlineTraits TraitsOf(std::span<const ZorPoint> polygon) {
     const double turn = Cross(before, edge);
     turns_left |= turn > 0;
     turns_right |= turn < 0;
+    // Straight back, which level edges do without another reversal.
+    if (turn == 0 && elementary::Dot(before, edge) < 0) traits.reversals += 2;
     traits.has_repeats |= edge.x == 0 && edge.y == 0;
     const int now = (edge.y > 0 ? 1 : 0) - (edge.y < 0 ? 1 : 0);
     if (now != 0 && now != heading) {

@@ -143,7 +143,8 @@ class PieceRings {
   [[nodiscard]] std::size_t Next(std::size_t c) const { return corners_[c].next; }
   [[nodiscard]] std::size_t Previous(std::size_t c) const { return corners_[c].previous; }
   [[nodiscard]] bool TurnsRight(const ZorPoint& p, const ZorPoint& q, const ZorPoint& r) const {
-    return sign_ * TriangleCross(p, q, r) >= 0;
+    const double turn = sign_ * TriangleCross(p, q, r);
+    return turn > 0 || (turn == 0 && elementary::Dot(q - p, r - q) >= 0);  // or straight on
   }
 
   // Corner c runs along the common side, corner d of the other ring back along it:

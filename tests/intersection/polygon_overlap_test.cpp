@@ -167,6 +167,12 @@ TEST(PolygonOverlap, SurvivesVerticesInLineOnlyByRounding) {
   }
   const Polygon spiked{{0, 0}, {4, 0}, {4, 4}, {0, 4}, {0, 0}, {2, 2}};  // of no width
   EXPECT_EQ(PolygonOverlapArea(spiked, square), 16);
+  const Polygon slit{{5, 1}, {3, 2}, {4, 2}, {2, 2}, {2, 6}};  // level, straight back
+  EXPECT_NEAR(PolygonOverlapArea(slit, square), 5.5, 1e-12);
+  const Polygon whiskers{{3, 3}, {3, 2}, {3.2, 2.2}, {3, 2}, {4, 2}, {4, 3},
+                         {5, 4}, {3, 4}, {2, 4},     {3, 4}, {2, 4}},
+      triangle{{4, 2}, {3.8, 4.2}, {4.2, 3.2}};
+  EXPECT_NEAR(PolygonOverlapArea(whiskers, triangle), 0.23382, 1e-5);
   const double x = 10000002.9608, y = -2999999.0128, w = 0.01;  // far from the origin
   const Polygon far{{x, y}, {x + w, y}, {x + w, y + w}, {x + w / 2, y + w / 2}, {x, y + w}};
   EXPECT_NEAR(PolygonOverlapArea(far, far), 0.75 * w * w, 1e-9);
