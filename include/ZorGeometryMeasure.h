@@ -376,8 +376,8 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   /// @retval GM_E_PARAM_2  intSetting outside 0 .. 99
   /// @retval GM_E_PARAM_3  realSetting < 0
   /// @retval GM_E_FIT_UNBOUNDED  a parameter is infinite or the largest finite double
-  /// @retval GM_E_FIT_FAILED  a parameter is not a number, or the spread is not above 0 (all x are
-  /// equal, or there is no peak)
+  /// @retval GM_E_FIT_FAILED  a parameter is not a number, or the spread is not above 0, as where
+  ///         all x are equal; a profile without a peak may also give some flat curve
   /// @retval GM_E_PARAM_1  a curve is wanted and would have more than 67 108 864 points
   long GenGaussianCurve(ZorPointArray& points, int intSetting, double realSetting,
                         ZorVarArray* coefficients, ZorPointArray* curve);
@@ -966,11 +966,9 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasure {
   ///  - one more than 0.001 inside the other: no points, the smaller disc;
   ///  - else within 0.001 of touching from outside: one point on the way from c1 to c2, area 0;
   ///  - else within 0.001 of touching from inside: one point on the side of c1 away from c2, be
-  ///  c1's
-  ///    circle the larger one or not, and the smaller disc;
+  ///    c1's circle the larger one or not, and the smaller disc;
   ///  - else two points, clockwise and then counter-clockwise on the screen of the direction from
-  ///  c1
-  ///    to c2, and the lens.
+  ///    c1 to c2, and the lens.
   /// @retval GM_E_PARAM_2  r1 <= 0
   /// @retval GM_E_PARAM_4  r2 <= 0
   /// @retval GM_E_NO_INTERSECTION  the circles coincide; `area` is written, `points` is not

@@ -253,8 +253,7 @@ class ZORGEOMETRYMEASURE_EXPORT ZorGeometryMeasureDlg {
   /// the rectangle. The minimum is measured along the polyline, 0 where it first crosses the
   /// outline; the maximum is the largest distance of a contour point from the nearest point of the
   /// outline. The earliest contour point on ties. Traced as "ContourToRectangularDistance", around
-  /// nested "ContourToContourDistance" from the contour to the rectangle and, for more than one
-  /// point, back.
+  /// a nested "ContourToContourDistance".
   /// @retval GM_E_EMPTY_CONTOUR  no point
   /// @retval GM_E_PARAM_3  width <= 0
   /// @retval GM_E_PARAM_4  height <= 0

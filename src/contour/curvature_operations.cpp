@@ -1,6 +1,5 @@
-#include <cmath>
 #include <cstddef>
-#include <utility>
+#include <span>
 #include <vector>
 
 #include "ZorGeometryMeasure.h"

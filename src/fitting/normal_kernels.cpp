@@ -125,7 +125,8 @@ struct Window {
 ZorPoint NormalWithin(std::span<const ZorPoint> points, std::size_t i, std::size_t reach,
                       std::span<const std::size_t> reversals, const ZorPoint& chord_normal) {
   Window window(points.size(), i, reach);
-  const std::size_t reversed = reversals[window.end - 1] - reversals[window.begin];
+  const std::size_t reversed =
+      reversals[window.end - 1] - reversals[std::min(window.begin + 1, window.end - 1)];
   // Where noise turns the steps about, the chord between the direct neighbours tells no side.
   if (kNoiseShare * reversed >= window.end - window.begin) {
     return ParabolaNormal(window.Of(points), points[i], chord_normal);

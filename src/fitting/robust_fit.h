@@ -50,7 +50,7 @@ using elementary::WhereLess;
 ///    Real> serves any small fixed k;
 ///  - FillRow<Real>(i, row), Target<Real>(i): the equations;
 ///  - Settle(c): takes over a pass's coefficients; Error<Real>(i): how far the points are from
-///  them;
+///    them;
 ///  - kInnerPasses: the most steps of a least-absolute pass;
 ///  - kRestoreOnEqual: whether such a pass also ends, with the coefficients of the step before,
 ///    when the sum of absolute residuals stays equal, or only when it grows;

@@ -1,7 +1,6 @@
 #include "image/extrema_kernels.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <optional>
