@@ -202,8 +202,8 @@ class EarCutter {
   CutPolygon Run() {
     std::vector<std::size_t> waiting;
     for (std::size_t i = 0; i < vertices_.size(); ++i) waiting.push_back(i);
-    // Beside reflex vertices only, then any, then by force.
-    for (int effort = 0; effort < 3 && !IsDone();) {
+    // Beside reflex vertices only, then any.
+    for (int effort = 0; effort < 2 && !IsDone();) {
       const bool has_cut = Sweep(waiting, effort);
       effort = has_cut ? 0 : effort + 1;
       waiting = Remaining();
@@ -257,12 +257,11 @@ class EarCutter {
       const std::size_t a = before_[i];
       const std::size_t b = after_[i];
       if (effort == 0 && !is_reflex_[a] && !is_reflex_[b]) continue;
-      if (effort < 2 && !IsEmpty(i)) continue;
+      if (!IsEmpty(i)) continue;
       Cut(i);
       waiting.push_back(a);
       waiting.push_back(after_[a]);
       has_cut = true;
-      if (effort == 2) break;
     }
     return has_cut;
   }

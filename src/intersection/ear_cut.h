@@ -23,13 +23,12 @@ struct CutPolygon {
 /// beside a reflex vertex go first, since only they make the rest more convex. Only reflex vertices
 /// can lie in such a triangle; a grid finds those near it, so that the usual cost is about linear.
 /// An ear joins the pieces across its two sides where the union stays convex (after S. Hertel and
-/// K. Mehlhorn, Fast triangulation of simple polygons, 1983): fewer pieces meet fewer others. Where
-/// no ear is left, the next vertex that turns the right way is cut all the same.
+/// K. Mehlhorn, Fast triangulation of simple polygons, 1983): fewer pieces meet fewer others.
 ///
 /// A cut takes the weight of its triangle from the polygon, whether that was an ear or not:
 /// rounding cuts some on which another vertex lies, and leaves a rest that is not convex or turns
-/// the other way. Such a rest, and what would take more than about linear work, becomes a fan of
-/// triangles with the weights of their directions, none of it a core.
+/// the other way. Such a rest, one without ears, and what would take more than about linear work,
+/// becomes a fan of triangles with the weights of their directions, none of it a core.
 [[nodiscard]] CutPolygon CutEars(std::span<const ZorPoint> polygon);
 
 }  // namespace zor::intersection

@@ -36,12 +36,12 @@ struct Parts {
       core.Add(outline, traits.low, traits.high);
       return;
     }
-    std::vector<ZorPoint> polygon(outline.begin(), outline.end());
-    if (traits.has_repeats) polygon = WithoutRepeats(outline);
-    if (TraitsOf(polygon).is_convex) {
-      cut.core = std::move(polygon);
+    std::vector<ZorPoint> distinct;
+    if (traits.has_repeats) distinct = WithoutRepeats(outline);
+    if (traits.has_repeats && TraitsOf(distinct).is_convex) {
+      cut.core = std::move(distinct);
     } else {
-      cut = CutEars(polygon);
+      cut = CutEars(traits.has_repeats ? distinct : outline);
     }
     core_outline = cut.core;
     core.Add(core_outline);
